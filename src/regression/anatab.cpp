@@ -18,7 +18,7 @@
 #include "regression/anatab/edition.h"
 #include "regression/anatab/editiondeseffets.h"
 #include "regression/anatab/travail.h"
-#include "regression/donnees/entrees.h"
+#include "regression/donnees/exigences.h"
 #include "regression/images/effets.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/logistique.h"
@@ -38,7 +38,9 @@ constexpr std::int64_t kEffetsTrouves = 80;
 
 TravailDAnatab PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = ExigerParametres(rapport, mod, chemin);
+  const std::string nom = TexteDe(chemin.filename());
+  const ParametresMod parametres = LireParametres(mod.parametres, nom);
+  ExigerFormat(rapport, parametres, nom);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
   FautesDuCodage fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
@@ -54,10 +56,10 @@ TravailDAnatab PreparerLeModele(const Contexte& contexte, Rapport& rapport, cons
 // individuals that is not the one announced, only tell that it is the coding of other modalities.
 void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
                         TravailDAnatab& travail) {
-  LireIndividus(fichiers.donnees, travail.modele, contexte.Ecran(), travail.individus);
+  LireIndividus(*fichiers.donnees, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
   if (individus.fautifs.nombre == 0 && individus.Nombre() > 0)
-    ExigerCdgDuMod(fichiers.donnees, LireMod(fichiers.mod), travail.parametres);
+    ExigerCdgDuMod(*fichiers.donnees, LireMod(*fichiers.mod), travail.parametres);
   travail.etape = Etape::Lecture;
   ExigerSansFautifs(rapport, individus.fautifs, "n'a pas une réponse à chaque question"_w);
   if (individus.Nombre() == 0)
@@ -71,7 +73,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
   const Melange& melange = *travail.melange;
   const std::size_t aMarquer = travail.modele.LargeurFiche() - travail.modele.Explicatives();
   const auto perdus = static_cast<double>(melange.population) - population;
-  const std::string lignes[] = {
+  const std::vector<std::string> lignes = {
       Joindre({kAttention, "avec "_w, Nombre(travail.modele.Explicatives()),
                " modalités explicatives, le tri ne distingue plus toutes les situations"_w}),
       Joindre({"    Les "_w, Nombre(melange.situations), " situations des individus sont en "_w,
@@ -79,7 +81,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
                " individus manquent à la population concernée : les effets sont faussés"_w}),
       Joindre({"    Regrouper des modalités par un recodage ("_w, Nombre(kChiffresExacts - aMarquer),
                " modalités explicatives au plus sont sans risque)"_w})};
-  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+  rapport.Lignes(lignes);
   AlerterEnBoite(contexte.Ecran(), Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}));
 }
 
@@ -196,7 +198,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesD
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(kBaseComptee);
-  FormerLesGroupes(contexte, rapport, fichiers.donnees, travail);
+  FormerLesGroupes(contexte, rapport, *fichiers.donnees, travail);
   ecran.progresser(kGroupesFormes);
   ExaminerLesSituations(contexte, rapport, travail);
   ecran.progresser(kSituationsExaminees);
@@ -241,11 +243,12 @@ void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chem
 
 // A run that stops leaves its work files as they stand.
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
-  const EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
+  const EntreesDeRegression fichiers = TrouverEntrees(contexte);
+  ExigerEntrees(rapport, contexte, fichiers, kSorte);
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données d'enquête"_w, kSorte, ".TRP");
   ExigerEcriture(contexte, rapport, options.image);
-  TravailDAnatab travail = PreparerLeModele(contexte, rapport, fichiers.mod);
-  ExigerPlaceDesFiches(contexte, rapport, fichiers.donnees, travail);
+  TravailDAnatab travail = PreparerLeModele(contexte, rapport, *fichiers.mod);
+  ExigerPlaceDesFiches(contexte, rapport, *fichiers.donnees, travail);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers, travail));
     if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerEffets(effets));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "regression/donnees/codage.h"
@@ -141,7 +142,7 @@ OptionsDites<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& d
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     ListeOuverte etat = OuvrirListe(contexte);
-    ArreterSurMessage(rapport, etat.message);
+    ArreterSi(rapport, etat.message);
     if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes))
       Arreter(rapport, Joindre({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w}));
     if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {

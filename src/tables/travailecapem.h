@@ -7,6 +7,7 @@
 
 #include "core/enquete/parametres.h"
 #include "tables/ecapem.h"
+#include "tables/liens/parnoeud.h"
 #include "tables/liens/profils.h"
 
 namespace quelvar::tables {

@@ -4,6 +4,7 @@
 
 #include "capture/colonnes/tableau.h"
 #include "capture/compterendu/fichiers.h"
+#include "capture/noms/courts.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/attention.h"
 #include "core/resultats/rangees.h"
@@ -35,17 +36,25 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_vi
 
 namespace {
 
-// The words of the two lines stand across the places of the columns, which no title of theirs does.
-TableauEdite TeteDesColonnes(bool sansIntitules) {
-  TableauEdite tete;
-  if (sansIntitules) {
-    tete.titres.emplace_back("Numéro         1ère position      Largeur  "_w);
-    tete.titres.emplace_back("colonne     dans données *.DAT             "_w);
-  } else {
-    tete.titres.emplace_back("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
-    tete.titres.emplace_back("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
-  }
-  return tete;
+// The places of TableauDesColonnes.
+FormeEnRangees FormeDesColonnes(bool sansIntitules) {
+  constexpr int kNombre = 4;  // digits of every number
+  constexpr int kStatut = 12;
+  constexpr int kNumero = 6;  // columns of the first word of a name that is broken
+  constexpr int kPremierePosition = 13;
+  if (sansIntitules)
+    return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}},
+            .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(15, 12, kPremierePosition), EnHaut(34)},
+                     .colonnes = {43, 43}}};
+  return {.places = {{"", kNombre},
+                     {"    ", kNombre},
+                     {"          ", kNombre},
+                     {"        ", kNombre},
+                     {"      ", static_cast<int>(kNomCourtLePlusLong)},
+                     {"       ", kStatut},
+                     {.avant = " "}},
+          .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(9, 9, 4), SurLesDeux(19, 18, kPremierePosition),
+                            EnHaut(34), SurLesDeux(43, 43, 3), SurLesDeux(50, 52, 14), SurLesDeux(67, 67, 11)}}};
 }
 
 }  // namespace
@@ -63,11 +72,7 @@ void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colo
   rapport.Ligne();
   rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
   rapport.Ligne();
-  const TableauEdite tableau = TableauDesColonnes(colonnes, sansIntitules);
-  const FormeEnRangees forme = FormeDesColonnes(sansIntitules);
-  ImprimeurDeRangees imprimeur(rapport, forme, tableau.colonnes.size());
-  imprimeur.Tete(TeteDesColonnes(sansIntitules));
-  for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
+  ImprimerRangees(rapport, TableauDesColonnes(colonnes, sansIntitules), FormeDesColonnes(sansIntitules));
 }
 
 std::string NumeroEtIntitule(const ColonneImportee& colonne) {
@@ -98,7 +103,7 @@ void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<Colonn
 void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {
   if (remarques.empty()) return;
   rapport.Ligne();
-  for (const std::string& remarque : remarques) rapport.Ligne(remarque);
+  rapport.Lignes(remarques);
 }
 
 void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
@@ -108,7 +113,7 @@ void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::v
   rapport.Ligne();
   rapport.Ligne("Impression des premières lignes du fichier créé *.DAT pour vérification"_w);
   rapport.Ligne();
-  for (const std::string& ligne : premieres) rapport.Ligne(ligne);
+  rapport.Lignes(premieres);
   rapport.Ligne();
   rapport.Ligne("En principe la partie des données numériques est alignée alors que la partie texte ne l'est pas"_w);
   rapport.Ligne();

@@ -17,11 +17,11 @@ std::string_view IntituleMontre(const ColonneImportee& colonne) {
 
 Rangee RangeeDe(const ColonneImportee& colonne) {
   return {.titre = {},
-          .intitule = std::string(IntituleMontre(colonne)),
+          .intitule = {},
           .cellules = {CelluleEntiere(colonne.rang), CelluleEntiere(colonne.codeMax), CelluleEntiere(colonne.position),
                        CelluleEntiere(colonne.largeur),
                        CelluleTexte(colonne.DansPos() ? std::string_view(colonne.nomCourt) : std::string_view()),
-                       CelluleTexte(PriseEnCompte(colonne))}};
+                       CelluleTexte(PriseEnCompte(colonne)), CelluleTexte(IntituleMontre(colonne))}};
 }
 
 Rangee RangeeSansIntitule(const ColonneImportee& colonne) {
@@ -41,23 +41,10 @@ TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bo
   if (sansIntitules) nommer({"Numéro colonne"_w, "1ère position dans données *.DAT"_w, "Largeur"});
   else
     nommer({"Numéro colonne"_w, "Code maximum", "1ère position dans données *.DAT"_w, "Largeur", "Nom court",
-            "Pris en compte dans *.POS"});
+            "Pris en compte dans *.POS", "Intitulé de la colonne"_w});
   for (const ColonneImportee& colonne : colonnes)
     tableau.rangees.push_back(sansIntitules ? RangeeSansIntitule(colonne) : RangeeDe(colonne));
   return tableau;
-}
-
-FormeEnRangees FormeDesColonnes(bool sansIntitules) {
-  constexpr int kNombre = 4;  // digits of every number
-  constexpr int kStatut = 12;
-  if (sansIntitules) return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}}};
-  return {.places = {{"", kNombre},
-                     {"    ", kNombre},
-                     {"          ", kNombre},
-                     {"        ", kNombre},
-                     {"      ", static_cast<int>(kNomCourtLePlusLong)},
-                     {"       ", kStatut}},
-          .avantIntitule = " "};
 }
 
 }  // namespace quelvar::capture

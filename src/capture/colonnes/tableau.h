@@ -4,17 +4,12 @@
 #include <vector>
 
 #include "capture/colonnes/colonne.h"
-#include "capture/noms/courts.h"
-#include "core/resultats/rangees.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar::capture {
 
 // A row a column: its number in the source, code-max, first position and width in .DAT, then its name and whether .POS
-// has it. Without titles there is no .POS: number, position and width alone. The lines that a report has above them are
-// its own.
+// has it, and its title. Without titles there is no .POS: number, position and width alone.
 TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bool sansIntitules);
-// The places that these cells have in a report.
-FormeEnRangees FormeDesColonnes(bool sansIntitules);
 
 }  // namespace quelvar::capture

@@ -50,6 +50,12 @@ void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& l
   ligne.intitule = Rogner(Milieu(texte, colonne)).substr(0, kIntituleDeModaliteAuPlus);
 }
 
+bool EstEffectif(std::string_view cellule, std::size_t largeur) {
+  if (cellule.size() != largeur) return false;
+  if (SontChiffresOuBlancs(cellule)) return true;
+  return EstNombre(cellule) && ValeurDe(cellule) >= 0 && ValeurDe(cellule) == ArrondirPair(ValeurDe(cellule));
+}
+
 void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
                     std::string_view intitule) {
   fichier.Ecrire(CadreGauche(nom, kLargeurDeModalite));

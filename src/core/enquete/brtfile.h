@@ -1,6 +1,7 @@
 // The table files that go with a .MOD: the Burt or counted table .BRT and the logical coding .CDG.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -24,6 +25,9 @@ bool EstEffectif(std::string_view cellule, std::size_t largeur);
 // Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.
 // Raises kArgumentIncorrect for a width below 1, kDepassementCapacite for a value beyond a double.
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne);
+
+// Whether a cell of a table of counts is whole and holds a count, or nothing.
+bool EstEffectif(std::string_view cellule, std::size_t largeur);
 
 // Writes a row of integer cells, right-aligned in the width and without separator.
 void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,

@@ -4,8 +4,9 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
-#include "core/programme/arret.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

@@ -25,16 +25,6 @@ namespace quelvar {
   throw Erreur(std::move(faute));
 }
 
-// The line above the words of an error or of a warning, in the report and in the forms.
-inline constexpr std::string_view kTitreErreur = "*** Erreur ***";
-inline constexpr std::string_view kTitreAttention = "*** Attention ***";
-
-// Stops the run (kArretAnnonce) behind the lines that tell why a reader gave nothing; without lines it goes on.
-inline void ArreterSurMessage(Rapport& rapport, const std::vector<std::string>& message) {
-  rapport.Lignes(message);
-  if (!message.empty()) throw Erreur(kArretAnnonce);
-}
-
 // The same with a beep.
 [[noreturn]] inline void AvertirEtArreter(Rapport& rapport, const Dialogue& ecran, Texte ligne) {
   Avertir(rapport, ecran, ligne);
@@ -43,6 +33,26 @@ inline void ArreterSurMessage(Rapport& rapport, const std::vector<std::string>& 
 [[noreturn]] inline void AvertirEtArreter(Rapport& rapport, const Dialogue& ecran, FauteSituee faute) {
   Avertir(rapport, ecran, faute.phrase);
   throw Erreur(std::move(faute));
+}
+
+// Tells the lines and stops the run (kArretAnnonce); without lines it goes on.
+inline void ArreterSi(Rapport& rapport, const std::vector<std::string>& lignes) {
+  rapport.Lignes(lignes);
+  if (!lignes.empty()) throw Erreur(kArretAnnonce);
+}
+
+// What a reader has found that stops the run: its lines, none when it may go on, and the fault for the screen when its
+// place is known.
+struct ArretDeLecture {
+  std::vector<std::string> lignes{};
+  FauteSituee faute{};
+};
+// Tells the lines with a beep and stops the run; without lines it goes on.
+inline void ArreterSi(Rapport& rapport, const Dialogue& ecran, ArretDeLecture arret) {
+  if (arret.lignes.empty()) return;
+  rapport.Lignes(arret.lignes);
+  ecran.biper();
+  throw Erreur(std::move(arret.faute));
 }
 
 }  // namespace quelvar

@@ -86,9 +86,8 @@ void ColonneEnRangees::EcrireValeur(std::string& ligne, double valeur, int decim
 }
 
 void ColonneEnRangees::EcrireTitre(std::string& ligne, std::string_view titre) const {
-  const int enPlus = entiers_ - place_.entiers;
-  const int colonnes = (place_.colonnesDuTitre > 0 ? place_.colonnesDuTitre : place_.entiers) + enPlus;
-  if (place_.titre == TitreDeColonne::TelQuel) ligne.append(static_cast<std::size_t>(enPlus), ' ');
+  const int colonnes = (place_.colonnesDuTitre > 0 ? place_.colonnesDuTitre : place_.entiers) + EnPlus();
+  if (place_.titre == TitreDeColonne::TelQuel) ligne.append(static_cast<std::size_t>(EnPlus()), ' ');
   AjouterSIlYALieu(ligne, place_.avantTitre);
   switch (place_.titre) {
     case TitreDeColonne::AGauche: AjouterAGauche(ligne, titre, colonnes); break;
@@ -108,15 +107,22 @@ void ImprimeurDeRangees::Voir(const Rangee& rangee) {
 void ImprimeurDeRangees::Tete(const TableauEdite& tableau) {
   for (const std::string& titre : tableau.titres) rapport_.Ligne({CadreGauche("", forme_.avantLesTitres), titre});
   if (!AUneTete(tableau)) return;
-  const auto imprimer = [&](std::string_view coin, std::string Colonne::*texte) {
-    ligne_ = coin;
-    for (std::size_t j = 0; j < tableau.colonnes.size(); ++j)
-      colonnes_[j].EcrireTitre(ligne_, tableau.colonnes[j].*texte);
-    rapport_.Ligne(ligne_);
-    ligne_.clear();
-  };
-  imprimer(tableau.coin, &Colonne::titre);
-  if (!forme_.coinDesIntitules.empty()) imprimer(forme_.coinDesIntitules, &Colonne::intitule);
+  if (!forme_.tete.noms.empty()) return TeteADeuxLignes(tableau);
+  ligne_ = tableau.coin;
+  for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) colonnes_[j].EcrireTitre(ligne_, tableau.colonnes[j].titre);
+  rapport_.Ligne(ligne_);
+  ligne_.clear();
+}
+
+void ImprimeurDeRangees::TeteADeuxLignes(const TableauEdite& tableau) {
+  std::vector<std::string_view> noms;
+  std::vector<int> enPlus;
+  for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) {
+    noms.emplace_back(tableau.colonnes[j].titre);
+    enPlus.push_back(colonnes_[j].EnPlus());
+  }
+  for (const std::string& ligne : quelvar::TeteADeuxLignes(tableau.coin, noms, enPlus, forme_.tete))
+    if (!ligne.empty()) rapport_.Ligne(ligne);
 }
 
 void ImprimeurDeRangees::Imprimer(const Rangee& rangee) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/programme/rapport.h"
+#include "core/resultats/deuxlignes.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar {
@@ -41,16 +42,16 @@ struct FormeEnRangees {
   int titre = 0;                           // columns of the title, cut and padded; 0: as it stands
   std::vector<PlaceEnRangee> places = {};  // one a column; the last one serves the columns that follow too
   std::string_view avantIntitule = {};     // in front of the label; it ends the rows without label as well
-  std::string_view coinDesIntitules = {};  // in front of the labels of the columns, a second heading; empty: none
   int intitule = 0;                        // columns that the label is set to the right of; 0: as it stands
   std::size_t parLigne = 1;                // rows that one line holds
   int avantLesTitres = 0;                  // blanks in front of the lines above the table
+  FormeADeuxLignes tete = {};              // of a heading whose names are broken over two lines
 };
 
-// The lines above the table, the heading if there is one (the corner, then the titles of the columns,
-// each moved by what its column has widened; the labels below on request), and the rows. A cell without a value shows
-// its mark as a text: cut and padded to its place, or as it stands in a place of no columns. A row without title, cells
-// and label is an empty line. Raises kArgumentIncorrect or kDepassementCapacite for a value that is not finite.
+// The lines above the table, the heading if there is one (the corner, then the titles of the columns, each moved by
+// what its column has widened; over two lines in a form that has such places), and the rows. A cell without a value
+// shows its mark as a text: cut and padded to its place, or as it stands in a place of no columns. A row without title,
+// cells and label is an empty line. Raises kArgumentIncorrect or kDepassementCapacite for a value that is not finite.
 void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme);
 
 // One row as it would stand in a table of its own: a sentence with figures, or the title of a table.
@@ -67,6 +68,8 @@ class ColonneEnRangees {
   void Voir(const Cellule& cellule);
   void Ecrire(std::string& ligne, const Cellule& cellule) const;
   void EcrireTitre(std::string& ligne, std::string_view titre) const;
+  // Columns beyond those of the place before the point.
+  int EnPlus() const { return entiers_ - place_.entiers; }
 
  private:
   bool Elargit() const;
@@ -90,6 +93,8 @@ class ImprimeurDeRangees {
   void Finir();
 
  private:
+  void TeteADeuxLignes(const TableauEdite& tableau);
+
   Rapport& rapport_;
   const FormeEnRangees& forme_;
   std::vector<ColonneEnRangees> colonnes_;

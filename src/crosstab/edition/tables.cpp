@@ -19,7 +19,7 @@ std::vector<std::string> Titres(const TableauTitre& titre, Texte contenu) {
 
 // What a table shows: of a cell, at the end of a row, below a column, and where the totals meet.
 template <class Case, class Fin, class Pied>
-struct Contenu {
+struct Remplissage {
   std::string_view nom;
   Case deCase;
   Fin deLigne;
@@ -27,35 +27,35 @@ struct Contenu {
   Cellule dernier;
 };
 template <class Case, class Fin, class Pied>
-Contenu(std::string_view, Case, Fin, Pied, Cellule) -> Contenu<Case, Fin, Pied>;
+Remplissage(std::string_view, Case, Fin, Pied, Cellule) -> Remplissage<Case, Fin, Pied>;
 
 // A row and a column a modality, and those of the totals.
 template <class Case, class Fin, class Pied>
-TableauEdite Dresser(const TableauTitre& titre, const Contenu<Case, Fin, Pied>& contenu) {
+TableauEdite Dresser(const TableauTitre& titre, const Remplissage<Case, Fin, Pied>& remplissage) {
   const TableauCroise& t = titre.tableau;
   TableauEdite tableau;
-  tableau.titres = Titres(titre, contenu.nom);
+  tableau.titres = Titres(titre, remplissage.nom);
   tableau.coin = titre.ligne.nom;
   for (const std::size_t j : t.colonnes) tableau.colonnes.push_back({std::string(Rogner(titre.IntituleColonne(j)))});
   tableau.colonnes.push_back({"TOT"});
   for (const std::size_t i : t.lignes) {
     Rangee& rangee = tableau.rangees.emplace_back(Rangee{std::string(Rogner(titre.IntituleLigne(i)))});
-    for (const std::size_t j : t.colonnes) rangee.cellules.push_back(contenu.deCase(i, j));
-    rangee.cellules.push_back(contenu.deLigne(i));
+    for (const std::size_t j : t.colonnes) rangee.cellules.push_back(remplissage.deCase(i, j));
+    rangee.cellules.push_back(remplissage.deLigne(i));
   }
   Rangee& pied = tableau.rangees.emplace_back(Rangee{"TOT"});
-  for (const std::size_t j : t.colonnes) pied.cellules.push_back(contenu.deColonne(j));
-  pied.cellules.push_back(contenu.dernier);
+  for (const std::size_t j : t.colonnes) pied.cellules.push_back(remplissage.deColonne(j));
+  pied.cellules.push_back(remplissage.dernier);
   return tableau;
 }
 
 TableauEdite Effectifs(const TableauTitre& titre) {
   const TableauCompte& t = titre.tableau.compte;
   return Dresser(
-      titre,
-      Contenu{"effectifs", [&](std::size_t i, std::size_t j) { return CelluleEffectif(t.effectifs(i, j)); },
-              [&](std::size_t i) { return CelluleEffectif(t.marges.lignes[i]); },
-              [&](std::size_t j) { return CelluleEffectif(t.marges.colonnes[j]); }, CelluleEffectif(t.marges.total)});
+      titre, Remplissage{"effectifs", [&](std::size_t i, std::size_t j) { return CelluleEffectif(t.effectifs(i, j)); },
+                         [&](std::size_t i) { return CelluleEffectif(t.marges.lignes[i]); },
+                         [&](std::size_t j) { return CelluleEffectif(t.marges.colonnes[j]); },
+                         CelluleEffectif(t.marges.total)});
 }
 
 const Cellule kCent = {100.0, Unite::Pourcent};
@@ -66,12 +66,12 @@ Cellule Arrondi(double pourcentage, std::string_view marque = {}) { return Pourc
 
 TableauEdite Pourcentages(const TableauTitre& titre) {
   const TableauCroise& t = titre.tableau;
-  return Dresser(titre, Contenu{"pourcentages en ligne",
-                                [&](std::size_t i, std::size_t j) {
-                                  return Arrondi(t.details.pourcentages(i, j), t.AuDessus(i, j) ? "+" : "-");
-                                },
-                                [](std::size_t) { return kCent; },
-                                [&](std::size_t j) { return Arrondi(t.details.partsColonnes[j]); }, kCent});
+  return Dresser(titre, Remplissage{"pourcentages en ligne",
+                                    [&](std::size_t i, std::size_t j) {
+                                      return Arrondi(t.details.pourcentages(i, j), t.AuDessus(i, j) ? "+" : "-");
+                                    },
+                                    [](std::size_t) { return kCent; },
+                                    [&](std::size_t j) { return Arrondi(t.details.partsColonnes[j]); }, kCent});
 }
 
 // The share of each row behind its percentages.
@@ -86,22 +86,23 @@ void AjouterParts(const TableauTitre& titre, TableauEdite& pourcentages) {
 TableauEdite Contributions(const TableauTitre& titre) {
   const TableauCroise& t = titre.tableau;
   const auto cellule = [](double contribution) { return Cellule{contribution, Unite::Nombre, 1}; };
-  return Dresser(titre, Contenu{"contributions au khi-deux",
-                                [&](std::size_t i, std::size_t j) { return cellule(t.details.contributions(i, j)); },
-                                [&](std::size_t i) { return cellule(t.contributionsLignes[i]); },
-                                [&](std::size_t j) { return cellule(t.contributionsColonnes[j]); }, cellule(t.khi2)});
+  return Dresser(titre,
+                 Remplissage{"contributions au khi-deux",
+                             [&](std::size_t i, std::size_t j) { return cellule(t.details.contributions(i, j)); },
+                             [&](std::size_t i) { return cellule(t.contributionsLignes[i]); },
+                             [&](std::size_t j) { return cellule(t.contributionsColonnes[j]); }, cellule(t.khi2)});
 }
 
 TableauEdite Attractions(const TableauTitre& titre) {
   const TableauCroise& t = titre.tableau;
   const AttractionsDuTableau attractions = CalculerAttractions(t.compte);
-  return Dresser(titre, Contenu{"PEM locaux",
-                                [&](std::size_t i, std::size_t j) {
-                                  return Pourcent(attractions.pem(i, j),
-                                                  attractions.khi2(i, j) > kSeuilAttraction ? "*" : "");
-                                },
-                                [&](std::size_t i) { return Pourcent(t.details.partsLignes[i]); },
-                                [](std::size_t) { return Cellule{}; }, kCent});
+  return Dresser(titre, Remplissage{"PEM locaux",
+                                    [&](std::size_t i, std::size_t j) {
+                                      return Pourcent(attractions.pem(i, j),
+                                                      attractions.khi2(i, j) > kSeuilAttraction ? "*" : "");
+                                    },
+                                    [&](std::size_t i) { return Pourcent(t.details.partsLignes[i]); },
+                                    [](std::size_t) { return Cellule{}; }, kCent});
 }
 
 TableauEdite Statistiques(const TableauTitre& titre) {

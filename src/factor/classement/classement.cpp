@@ -12,6 +12,7 @@
 #include "core/programme/place.h"
 #include "factor/classement/cah.h"
 #include "factor/classement/edition.h"
+#include "factor/classement/tableur.h"
 #include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {

@@ -18,17 +18,10 @@ std::string TexteItem(std::int32_t item, std::span<const std::string> libelles) 
   return Joindre({" Agrég. n°"_w, CadreDroit(Nombre(-item), 3)});
 }
 
-// The titles over the steps are not as wide as their places.
-PlaceEnRangee SousUnTitre(PlaceEnRangee place, int colonnesDuTitre) {
-  place.titre = TitreDeColonne::AGauche;
-  place.colonnesDuTitre = colonnesDuTitre;
-  return place;
-}
-
 std::vector<Colonne> ColonnesDesEtapes() {
   std::vector<Colonne> colonnes;
   for (const Texte titre : {Texte("NUM"), Texte("Elément 1"_w), Texte("Elément 2"_w), Texte("NbAgrèg"_w),
-                            Texte("Critère"_w), Texte("%Crit Cumulé"_w)})
+                            Texte("Critère d'association"_w), Texte("%Crit Cumulé"_w)})
     colonnes.push_back({std::string(titre.Vue())});
   return colonnes;
 }
@@ -37,16 +30,11 @@ std::vector<Colonne> ColonnesDesEtapes() {
 
 void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::span<const BilanDEtape> bilans,
                     std::span<const std::string> libelles) {
-  const FormeEnRangees forme{.places = {SousUnTitre(kNumero, 4),
-                                        SousUnTitre({" ", kItem}, 14),
-                                        SousUnTitre({"", kItem}, 12),
-                                        SousUnTitre(kClasses, 9),
-                                        SousUnTitre({"", kEntiers}, 9),
-                                        {"", kEntiers}}};
+  const FormeEnRangees forme{
+      .places = {kNumero, {" ", kItem}, {"", kItem}, kClasses, {"", kEntiers}, {"", kEntiers}},
+      .tete = {.noms = {EnHaut(0), EnHaut(4), EnHaut(18), EnHaut(30), SurLesDeux(39, 36, 7), EnHaut(48)}}};
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
   imprimeur.Tete({.colonnes = ColonnesDesEtapes()});
-  // The second word of the criterion, which no driver sets: it begins under the column before its own.
-  rapport.Ligne("                                    d'association");
   for (std::size_t s = 0; s < etapes.size(); ++s)
     imprimeur.Imprimer({{},
                         {},
@@ -56,13 +44,6 @@ void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::sp
                          CelluleEntiere(bilans[s].classes),
                          {etapes[s].critere, Unite::Nombre, 5},
                          {bilans[s].cumul, Unite::Pourcent, 1}}});
-}
-
-void EcrireTableur(Ecrivain& fichier, std::span<const BilanDEtape> bilans) {
-  fichier.Ligne(kTitreDuTableur);
-  for (std::size_t s = 0; s < bilans.size(); ++s)
-    fichier.Ligne(NombreFixe(static_cast<double>(s + 1), kNumero.entiers, 0) + ';' +
-                  NombreFixe(bilans[s].classes, kClasses.entiers, 0));
 }
 
 void ImprimerClasses(Rapport& rapport, int niveau, std::span<const std::vector<Rangee>> classes) {

@@ -1,12 +1,10 @@
-// A classification in the report: its steps, and the classes of modalities that a cut leaves; the steps as a .CSV.
+// A classification in the report: its steps, and the classes of modalities that a cut leaves.
 #pragma once
 
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "core/fichiers/fichiers.h"
 #include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 #include "factor/classement/ward.h"
@@ -16,11 +14,6 @@ namespace quelvar::factor {
 // The two items of each step, elements under these labels, the classes it leaves, its criterion and the share so far.
 void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::span<const BilanDEtape> bilans,
                     std::span<const std::string> libelles);
-
-// First line of the .CSV of the steps.
-inline constexpr std::string_view kTitreDuTableur = " ;Etapes de l'agrégation"_w;
-// The classes that each step leaves, for a spreadsheet.
-void EcrireTableur(Ecrivain& fichier, std::span<const BilanDEtape> bilans);
 
 // The classes, a row each modality, as recoding orders that the user can copy.
 void ImprimerClasses(Rapport& rapport, int niveau, std::span<const std::vector<Rangee>> classes);

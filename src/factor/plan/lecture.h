@@ -1,21 +1,13 @@
 // The files of the factor plane as data: nothing is printed here, the preparation of the plane tells what comes back.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/programme/arret.h"
 #include "core/programme/programme.h"
 #include "factor/plan/plan.h"
 
 namespace quelvar::factor {
-
-// The lines that stop the run, none when it may go on; and the fault for the screen, when its place is known.
-struct ArretDeLecture {
-  std::vector<std::string> lignes{};
-  FauteSituee faute{};
-};
 
 // The columns, without their places; a .MOD whose list is not that of the table stops the run.
 ArretDeLecture DeclarerColonnes(const Contexte& contexte, const FichierMod& mod, const ParametresMod& parametres,

@@ -10,31 +10,14 @@ namespace quelvar::factor {
 
 namespace {
 
-// Tells what stops the run, and stops it; without lines it goes on.
-void ArreterSi(Rapport& rapport, const Contexte& contexte, ArretDeLecture arret) {
-  if (arret.lignes.empty()) return;
-  rapport.Lignes(arret.lignes);
-  contexte.Ecran().biper();
-  throw Erreur(std::move(arret.faute));
-}
-
 void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences) {
-  struct Fichier {
-    std::string_view extension;
-    std::string_view sujet;
-    bool exige;
-  };
-  bool manque = false;
-  for (const Fichier& fichier : {Fichier{".MOD", "*** Le fichier des modalites", true},
-                                 Fichier{".PEM", "*** Le fichier des PEM", exigences.liens},
-                                 Fichier{".CAH", "*** Le fichier de CAH", exigences.cah},
-                                 Fichier{".FAJ", "*** Le fichier des coordonnees factorielles", true}}) {
-    if (!fichier.exige || contexte.Chercher(fichier.extension)) continue;
-    rapport.Ligne(PhraseDAbsence(contexte.Nom(fichier.extension), fichier.sujet));
-    manque = true;
-  }
-  if (manque)
-    ArreterSi(rapport, contexte, {{"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"}});
+  std::vector<FichierObligatoire> fichiers = {Obligatoire(contexte, ".MOD", "*** Le fichier des modalites")};
+  if (exigences.liens) fichiers.push_back(Obligatoire(contexte, ".PEM", "*** Le fichier des PEM"));
+  if (exigences.cah) fichiers.push_back(Obligatoire(contexte, ".CAH", "*** Le fichier de CAH"));
+  fichiers.push_back(Obligatoire(contexte, ".FAJ", "*** Le fichier des coordonnees factorielles"));
+  if (!ImprimerLesAbsents(rapport, fichiers)) return;
+  rapport.Ligne();
+  AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
 }
 
 void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
@@ -82,9 +65,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
-    ArreterSi(rapport, contexte, {{"*** Arret du programme, fichier *.FAI absent"}});
-  ArreterSi(rapport, contexte, DeclarerColonnes(contexte, mod, parametres, donnees));
-  ArreterSi(rapport, contexte, PlacerElements(contexte, parametres, donnees));
+    AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme, fichier *.FAI absent");
+  ArreterSi(rapport, contexte.Ecran(), DeclarerColonnes(contexte, mod, parametres, donnees));
+  ArreterSi(rapport, contexte.Ecran(), PlacerElements(contexte, parametres, donnees));
   AffinerCoordonnees(contexte, donnees);
   ImprimerNombresDeModalites(rapport, CompterModalites(donnees));
   LireAutourDuPlan(contexte, exigences, donnees);
@@ -93,7 +76,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   for (std::string& remarque : RemarquesDesFichiers(donnees.discordances, exigences))
     remarques.push_back(std::move(remarque));
   PrevenirDesRemarques(rapport, contexte.Ecran(), remarques);
-  if (arret) ArreterSi(rapport, contexte, {{Joindre({kArretDuProgrammeSansAccents, PhraseDe(*arret)})}});
+  if (arret) AvertirEtArreter(rapport, contexte.Ecran(), Joindre({kArretDuProgrammeSansAccents, PhraseDe(*arret)}));
 }
 
 }  // namespace

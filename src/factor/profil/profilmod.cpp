@@ -8,6 +8,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "core/programme/constats.h"
 #include "core/programme/libelles.h"

@@ -124,7 +124,7 @@ OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     ListeOuverte etat = OuvrirListe(contexte);
-    ArreterSurMessage(rapport, etat.message);
+    ArreterSi(rapport, etat.message);
     Appliquer(contexte, etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);
     rapport.Ligne(kEnregistre);

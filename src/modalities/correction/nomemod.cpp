@@ -9,6 +9,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "core/programme/rapport.h"
 #include "core/programme/refus.h"
@@ -50,34 +51,24 @@ std::string TexteDeLigne(std::string_view ligne) {
   return TexteDeModalite(lue.nom, lue.marque, lue.intitule);
 }
 
-// The modalities that the passes are going to make. A question that is not known stops the run before the first of them
-// writes anything.
-std::unordered_set<std::string> ModalitesPrevues(const Contexte& contexte, const OptionsNomeMod& options,
-                                                 Rapport& rapport) {
+// What is said of the questions and of the labels that are not known: of the questions of the first pass that has such,
+// else of the first label that is of no modality that the passes make or that the file has. Nothing when all are known.
+std::vector<std::string> PhrasesDesInconnues(const Contexte& contexte, const OptionsNomeMod& options) {
   std::unordered_set<std::string> noms;
   const FichierPos pos = LirePos(contexte.Exiger(".POS"));
   for (const PasseNomeMod& passe : options.passes) {
     if (!passe.questions) continue;
     std::vector<std::string> inconnues;
     const ChoixQuestions choix = ChoixDesNoms(pos, ModePosmod::Modi, *passe.questions, {}, inconnues);
-    for (const std::string& ligne : inconnues) rapport.Ligne(ligne);
-    if (!inconnues.empty()) throw Refus();
+    if (!inconnues.empty()) return inconnues;
     for (const ModaliteCreee& modalite : PlanifierModalites(pos, choix, passe.codesZero).modalites)
       noms.insert(modalite.nom);
   }
-  return noms;
-}
-
-// Every label is of a modality that the passes make or that the file has: told before anything is written.
-void ExigerModalitesConnues(const Contexte& contexte, const OptionsNomeMod& options, Rapport& rapport) {
-  std::unordered_set<std::string> noms = ModalitesPrevues(contexte, options, rapport);
   for (const ModaliteNommee& modalite : LireToutesModalites(contexte).modalites)
     noms.emplace(NomDeTexte(modalite.texte));
   for (const auto& [nom, intitule] : options.intitules)
-    if (!noms.contains(CadreGauche(nom, kLargeurDeModalite))) {
-      rapport.Ligne(PhraseInconnue(nom));
-      throw Refus();
-    }
+    if (!noms.contains(CadreGauche(nom, kLargeurDeModalite))) return {PhraseInconnue(nom)};
+  return {};
 }
 
 ListeModalites ListeNouvelle(std::size_t modalites) {
@@ -203,7 +194,9 @@ Fin SousLeRapport(const Contexte& contexte, RapportNomeMod genre, const std::fun
 
 // Option A: the list as the form has it behind the last pass.
 std::vector<ModaliteNommee> CreerLesPasses(const Contexte& contexte, const OptionsNomeMod& options, Rapport& rapport) {
-  ExigerModalitesConnues(contexte, options, rapport);
+  const std::vector<std::string> inconnues = PhrasesDesInconnues(contexte, options);
+  rapport.Lignes(inconnues);
+  if (!inconnues.empty()) throw Refus();  // nothing is written yet
   std::vector<ModaliteNommee> modalites;
   for (const PasseNomeMod& passe : options.passes) {
     if (!passe.questions) continue;
@@ -216,7 +209,7 @@ std::vector<ModaliteNommee> CreerLesPasses(const Contexte& contexte, const Optio
 // The list that option B shows.
 std::vector<ModaliteNommee> ToutesLesModalites(const Contexte& contexte, Rapport& rapport) {
   EtatNomeMod etat = LireToutesModalites(contexte);
-  ArreterSurMessage(rapport, etat.message);
+  ArreterSi(rapport, etat.message);
   return std::move(etat.modalites);
 }
 

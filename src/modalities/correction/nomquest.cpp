@@ -86,7 +86,7 @@ Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestio
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatNomQuest etat = ChargerNomQuest(contexte);
-    ArreterSurMessage(rapport, etat.message);
+    ArreterSi(rapport, etat.message);
     for (const auto& [nom, intitule] : options.intitules) {
       const std::vector<std::size_t> rangs = RangsDuNom(etat.questions, nom);
       const std::string_view refus = rangs.empty() ? "la question n'est pas dans le fichier de positions"

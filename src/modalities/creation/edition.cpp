@@ -42,21 +42,19 @@ void ImprimerOptions(const OptionsPosmod& options, bool ancienMod, Rapport& rapp
 
 }  // namespace
 
-void ImprimerChoix(const FichierPos& pos, const ChoixQuestions& choix, const OptionsPosmod& options, bool ancienMod,
-                   Rapport& rapport, const Dialogue& dialogue) {
+void ImprimerChoix(const FichierPos& pos, const ChoixQuestions& choix, const NombresDeModalites& nombres,
+                   const OptionsPosmod& options, bool ancienMod, Rapport& rapport, const Dialogue& dialogue) {
   rapport.Ligne();
   rapport.Ligne("Impression des questions actives");
   ImprimerQuestions(pos, choix, Statut::Actif, rapport, dialogue);
-  rapport.Ligne(
-      {"Nombre de modalités actives = "_w, NombreNu(CompterModalites(pos, choix, Statut::Actif, options.codesZero))});
+  rapport.Ligne({"Nombre de modalités actives = "_w, NombreNu(nombres.actives)});
   rapport.Ligne();
   rapport.Ligne("Impression des questions supplémentaires"_w);
   ImprimerQuestions(pos, choix, Statut::Supplementaire, rapport, dialogue);
   if (choix.Nombre(Statut::Supplementaire) == 0) {
     rapport.Ligne("Pas de questions supplémentaires"_w);
   } else {
-    rapport.Ligne({"Nombre de modalités supplémentaires = "_w,
-                   NombreNu(CompterModalites(pos, choix, Statut::Supplementaire, options.codesZero))});
+    rapport.Ligne({"Nombre de modalités supplémentaires = "_w, NombreNu(nombres.supplementaires)});
   }
   ImprimerOptions(options, ancienMod, rapport);
 }

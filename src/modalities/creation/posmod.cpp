@@ -82,14 +82,16 @@ ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapp
   return choix;
 }
 
+NombresDeModalites Compter(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero) {
+  return {CompterModalites(pos, choix, Statut::Actif, codesZero),
+          CompterModalites(pos, choix, Statut::Supplementaire, codesZero)};
+}
+
 // Stops a run that the form would not have started.
-void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const OptionsPosmod& options,
-                     const Dialogue& dialogue) {
-  const std::int64_t actives = CompterModalites(pos, choix, Statut::Actif, options.codesZero);
-  const std::int64_t supplementaires = CompterModalites(pos, choix, Statut::Supplementaire, options.codesZero);
-  const std::string refus = options.mode == ModePosmod::Modi
-                                ? std::string(RefusDeNommer(actives))
-                                : RefusDeLancer(options.individus, options.noms, actives, supplementaires);
+void ExigerModalites(const NombresDeModalites& nombres, const OptionsPosmod& options, const Dialogue& dialogue) {
+  const std::string refus = options.mode == ModePosmod::Modi ? std::string(RefusDeNommer(nombres.actives))
+                                                             : RefusDeLancer(options.individus, options.noms,
+                                                                             nombres.actives, nombres.supplementaires);
   if (refus.empty()) return;
   AlerterEnBoite(dialogue, refus);
   throw Refus();
@@ -229,11 +231,11 @@ std::string ParametresDeNommage(const Contexte& contexte, const EntreesDePosmod&
 }
 
 void MoteurPosmod(const Contexte& contexte, const EntreesDePosmod& entrees, const ChoixQuestions& choix,
-                  const OptionsPosmod& options, Rapport& rapport) {
+                  const NombresDeModalites& nombres, const OptionsPosmod& options, Rapport& rapport) {
   const bool nommer = options.mode == ModePosmod::Modi;
   std::int64_t individus = 0;
   if (!nommer) {
-    ImprimerChoix(entrees.pos, choix, options, entrees.ancienMod.has_value(), rapport, contexte.Ecran());
+    ImprimerChoix(entrees.pos, choix, nombres, options, entrees.ancienMod.has_value(), rapport, contexte.Ecran());
     individus = CompterIndividus(entrees, rapport);
   }
   RefuserCodesMax(entrees.pos, choix, rapport, contexte.Ecran());
@@ -273,8 +275,9 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     const EntreesDePosmod entrees = Preparer(contexte, rapport);
     const ChoixQuestions choix = Choisir(entrees.pos, effectives, rapport);
-    ExigerModalites(entrees.pos, choix, effectives, contexte.Ecran());
-    MoteurPosmod(contexte, entrees, choix, effectives, rapport);
+    const NombresDeModalites nombres = Compter(entrees.pos, choix, effectives.codesZero);
+    ExigerModalites(nombres, effectives, contexte.Ecran());
+    MoteurPosmod(contexte, entrees, choix, nombres, effectives, rapport);
   });
 }
 
@@ -297,8 +300,9 @@ void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& 
   EntreesDePosmod entrees = OuvrirFichiers(contexte, rapport);
   PrendreQuestions(contexte, entrees);
   const ChoixQuestions choix = Choisir(entrees.pos, options, rapport);
-  ExigerModalites(entrees.pos, choix, options, contexte.Ecran());
-  MoteurPosmod(contexte, entrees, choix, options, rapport);
+  const NombresDeModalites nombres = Compter(entrees.pos, choix, options.codesZero);
+  ExigerModalites(nombres, options, contexte.Ecran());
+  MoteurPosmod(contexte, entrees, choix, nombres, options, rapport);
 }
 
 std::string PhraseDeTableDepassee(const Contexte& contexte) {

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <span>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -21,6 +23,7 @@ namespace quelvar::modalities {
 namespace {
 
 constexpr std::string_view kTitre = "Modification d'un tableau de Burt";
+constexpr std::string_view kArretSansFichiers = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
 
 std::string ParametresDuGroupe(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
                                int largeur) {
@@ -79,6 +82,34 @@ NomsDeGroupe NommerGroupes(const Contexte& contexte, const TableAGrouper& table,
   return {NomCourtDeGroupe(colonne), colonne, NomCourtDeGroupe(ligne), ligne};
 }
 
+// The .MOD, the .BRT and, for a Burt table, the .POS; a file that lacks is told and stops the run (kArretAnnonce).
+// Raises the failures of the readers, and those of ExigerTableDuMod.
+TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
+  TableAGrouper table;
+  const auto manque = [&](std::string_view extension) {
+    const FichierObligatoire fichier = Obligatoire(contexte, extension, kLeFichierEnRelief);
+    return ImprimerLesAbsents(rapport, std::span(&fichier, 1));
+  };
+  const bool sansMod = manque(".MOD");
+  const bool sansBrt = manque(".BRT");
+  if (!sansMod) {
+    const Chemin mod = contexte.Exiger(".MOD");
+    table.mod = LireMod(mod);
+    table.parametres = LireParametres(table.mod.parametres, TexteDe(mod.filename()));
+    rapport.Lignes(table.parametres.remarques);
+  }
+  const bool sansPos = table.parametres.burt > 0 && manque(".POS");
+  if (sansMod || sansBrt || sansPos) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+  table.brt = contexte.Exiger(".BRT");
+  table.pos = contexte.Chercher(".POS");
+  if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
+  return table;
+}
+
+void ArreterSurRefus(const Contexte& contexte, Rapport& rapport, std::string_view relief, const std::string& refus) {
+  if (!refus.empty()) AvertirEtArreter(rapport, contexte.Ecran(), Joindre({relief, refus}));
+}
+
 // A Burt table of which all is marked would be one cell.
 void ExigerDesColonnes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
                        const PlanDeRegroupement& plan) {
@@ -96,10 +127,11 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   const TableAGrouper table = OuvrirTable(contexte, rapport);
   if (table.parametres.largeur < 1)
     AvertirEtArreter(rapport, contexte.Ecran(), FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier));
-  PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
+  PlanDeRegroupement plan;
+  ArreterSurRefus(contexte, rapport, "", Planifier(table, options, plan));
   const NomsDeGroupe noms = NommerGroupes(contexte, table, options);
   plan.nomCourt = noms.ligne;
-  ExigerNomsLibres(contexte, rapport, table, options);
+  ArreterSurRefus(contexte, rapport, "*** ", RefusDuNom(table, options));
   ExigerDesColonnes(contexte, rapport, table, plan);
   PrevenirDuNomLaisse(contexte, table, options, noms);
 

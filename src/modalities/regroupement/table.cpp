@@ -1,35 +1,33 @@
 #include "modalities/regroupement/table.h"
 
 #include <algorithm>
+#include <string_view>
 #include <unordered_map>
 
 #include "core/chiffres/nombres.h"
-#include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
 #include "core/panne/annonce.h"
-#include "core/programme/arret.h"
 #include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::string_view kArret = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
-
 std::size_t NombreDeColonnes(const TableAGrouper& table) {
   if (table.parametres.burt > 1) return static_cast<std::size_t>(table.parametres.burt);
   return table.mod.modalites.size();
 }
 
-// Marks a column by its name; a name that the list does not hold stops the run.
-void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                     const std::vector<std::string>& noms, std::vector<char>& marques) {
+// Marks columns by their names; returns what is said of one that the list does not hold, or nothing.
+std::string MarquerColonnes(const TableAGrouper& table, const std::vector<std::string>& noms,
+                            std::vector<char>& marques) {
   for (const std::string& nom : noms) {
     const std::optional<std::size_t> rang = SeuleModalite(table.mod.modalites, nom);
-    if (!rang || *rang >= marques.size()) AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
+    if (!rang || *rang >= marques.size()) return PhraseInconnue(nom);
     marques[*rang] = 1;
   }
+  return {};
 }
 
 // Rows of a .BRT that hold something.
@@ -48,62 +46,36 @@ std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   return noms;
 }
 
-// The rows of a name: how many the table has, how often it is asked for, and how many are marked.
-struct LignesDUnNom {
-  std::int64_t presentes = 0;
-  std::int64_t demandees = 0;
-  std::int64_t marquees = 0;
-};
-
-// Marks a row for each name, as often as it is given: a choice may name thousands of them.
-void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                   const std::vector<std::string>& noms, std::vector<char>& marques) {
-  if (noms.empty()) return;
+// The same for rows, of which there may be many: blanks around a name count for nothing, and several rows of one name
+// must all be marked.
+std::string MarquerLignes(const TableAGrouper& table, const std::vector<std::string>& noms,
+                          std::vector<char>& marques) {
+  if (noms.empty()) return {};
   const std::vector<std::string> lignes = NomsDesLignes(table);
-  std::unordered_map<std::string_view, LignesDUnNom> parNom;
-  for (const std::string& nom : noms) ++parNom[Rogner(nom)].demandees;
-  for (const std::string& ligne : lignes)
-    if (const auto demandees = parNom.find(Rogner(ligne)); demandees != parNom.end()) ++demandees->second.presentes;
-  for (const std::string& nom : noms) {
-    const LignesDUnNom& sienne = parNom[Rogner(nom)];
-    if (sienne.presentes <= std::max<std::int64_t>(sienne.demandees, 1)) continue;
-    throw Erreur(kIncompatibiliteType,
-                 Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ", Nombre(sienne.presentes),
-                          " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
-  }
-  // No row of an asked name is left out: it has not more of them than are asked for.
-  for (const std::string& ligne : lignes) marques.push_back(parNom.contains(Rogner(ligne)) ? char{1} : char{0});
+  std::unordered_map<std::string_view, std::vector<std::size_t>> demandes;  // ranks among the names, the first one last
+  for (std::size_t i = noms.size(); i-- > 0;) demandes[Rogner(noms[i])].push_back(i);
+  std::unordered_map<std::string_view, std::size_t> presentes;
+  for (const std::string& ligne : lignes) ++presentes[Rogner(ligne)];
   for (const std::string& nom : noms)
-    if (LignesDUnNom& sienne = parNom[Rogner(nom)]; ++sienne.marquees > sienne.presentes)
-      AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"La ligne ", nom, " n'est pas dans le tableau"}));
+    if (const std::size_t homonymes = presentes[Rogner(nom)]; homonymes > demandes[Rogner(nom)].size())
+      throw Erreur(kIncompatibiliteType,
+                   Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ", Nombre(homonymes),
+                            " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+  std::vector<char> trouves(noms.size(), 0);
+  for (const std::string& ligne : lignes) {
+    const auto demande = demandes.find(Rogner(ligne));
+    const bool marquee = demande != demandes.end() && !demande->second.empty();
+    marques.push_back(marquee ? char{1} : char{0});
+    if (!marquee) continue;
+    trouves[demande->second.back()] = 1;
+    demande->second.pop_back();
+  }
+  const auto absent = std::ranges::find(trouves, char{0});
+  if (absent == trouves.end()) return {};
+  return Joindre({"La ligne ", noms[static_cast<std::size_t>(absent - trouves.begin())], " n'est pas dans le tableau"});
 }
 
 }  // namespace
-
-TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
-  TableAGrouper table;
-  bool manque = false;
-  const auto chercher = [&](std::string_view extension, bool exige) {
-    std::optional<Chemin> chemin = contexte.Chercher(extension);
-    if (!chemin && exige) {
-      rapport.Ligne(PhraseDAbsence(contexte.Nom(extension), kLeFichierEnRelief));
-      manque = true;
-    }
-    return chemin;
-  };
-  const std::optional<Chemin> mod = chercher(".MOD", true);
-  const std::optional<Chemin> brt = chercher(".BRT", true);
-  if (mod) {
-    table.mod = LireMod(*mod);
-    table.parametres = LireParametres(table.mod.parametres, TexteDe(mod->filename()));
-    rapport.Lignes(table.parametres.remarques);
-  }
-  table.pos = chercher(".POS", table.parametres.burt > 0);
-  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArret);
-  table.brt = *brt;
-  if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
-  return table;
-}
 
 std::optional<std::int64_t> RangeesEnTrop(const TableAGrouper& table) {
   if (table.parametres.burt > 1 || table.parametres.lignes <= 0) return std::nullopt;
@@ -119,25 +91,24 @@ ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanD
   return rendus;
 }
 
-PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                             const OptionsModifBurt& options) {
-  PlanDeRegroupement plan;
+std::string Planifier(const TableAGrouper& table, const OptionsModifBurt& options, PlanDeRegroupement& plan) {
   plan.ancienneLargeur = table.parametres.largeur;
   plan.colonnes.assign(NombreDeColonnes(table), 0);
-  MarquerColonnes(contexte, rapport, table, options.colonnes, plan.colonnes);
+  std::string refus = MarquerColonnes(table, options.colonnes, plan.colonnes);
+  if (!refus.empty()) return refus;
   if (table.parametres.burt > 0) {
-    MarquerColonnes(contexte, rapport, table, options.lignes, plan.colonnes);
+    refus = MarquerColonnes(table, options.lignes, plan.colonnes);
     plan.lignes = plan.colonnes;
     plan.lignesActives = static_cast<std::int64_t>(plan.colonnes.size());
-    return plan;
+    return refus;
   }
-  MarquerLignes(contexte, rapport, table, options.lignes, plan.lignes);
+  refus = MarquerLignes(table, options.lignes, plan.lignes);
+  if (!refus.empty()) return refus;
   plan.lignesActives = CompterRangees(table.brt) - Entier64(std::max(table.parametres.lignesSup, 0.0));
-  return plan;
+  return {};
 }
 
-void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                      OptionsModifBurt options) {
+std::string RefusDuNom(const TableAGrouper& table, OptionsModifBurt options) {
   std::vector<std::string> colonnes;
   for (const Modalite& modalite : table.mod.modalites) colonnes.push_back(modalite.nom);
   std::vector<std::string> lignes;
@@ -147,9 +118,7 @@ void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGr
   } else if (!options.lignes.empty()) {
     lignes = NomsDesLignes(table);
   }
-  const std::string refus = RefusDuNom(options, colonnes, lignes);
-  if (refus.empty()) return;
-  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
+  return RefusDuNom(options, colonnes, lignes);
 }
 
 }  // namespace quelvar::modalities

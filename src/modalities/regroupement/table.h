@@ -1,4 +1,4 @@
-// The table that ModifierBurt works on: its files, what was marked of it, and the plan of the grouping.
+// The table that ModifierBurt works on: its files, what was marked of it, and the plan of the grouping, as data.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
-#include "core/programme/programme.h"
+#include "core/fichiers/fichiers.h"
 #include "modalities/regroupement/modifburt.h"
 #include "modalities/regroupement/regroupement.h"
 
@@ -20,10 +20,6 @@ struct TableAGrouper {
   Chemin brt;
   std::optional<Chemin> pos;
 };
-
-// The .MOD, the .BRT and, for a Burt table, the .POS; a file that lacks is told and stops the run (kArretAnnonce).
-// Raises the failures of the readers, and those of ExigerTableDuMod.
-TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport);
 
 // Rows of the .BRT that hold something, when there are more of them than the .MOD announces; nothing for a Burt table.
 // Raises the failures of LecteurLignes.
@@ -37,13 +33,12 @@ struct ElementsRendusActifs {
 };
 ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanDeRegroupement& plan);
 
-// Marks the rows and columns by their names. One that the table has not stops the run (kArretAnnonce); one that several
-// have raises a sentence (kIncompatibiliteType).
-PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                             const OptionsModifBurt& options);
+// Fills the plan by the names of the marked rows and columns. Returns what is said of one that the table has not, and
+// the plan is not whole; or nothing. One that several have raises a sentence (kIncompatibiliteType).
+std::string Planifier(const TableAGrouper& table, const OptionsModifBurt& options, PlanDeRegroupement& plan);
 
 // A group under the name of an element that stays would be one with it for every program that reads the new table:
-// told, and the run stops (kArretAnnonce).
-void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table, OptionsModifBurt options);
+// returns what is said of it, or nothing.
+std::string RefusDuNom(const TableAGrouper& table, OptionsModifBurt options);
 
 }  // namespace quelvar::modalities

@@ -119,17 +119,50 @@ void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Mo
   rapport.Ligne();
 }
 
+// The heading of a summary. `coupe`: of its corner; `validite`: where that name stands.
+FormeADeuxLignes TeteDuResume(int coupe, int validite) {
+  constexpr PlaceDeNom kIntervalle = SurLesDeux(41, 44, 23);
+  return {.coin = SurLesDeux(4, 2, coupe),
+          .noms = {{}, EnBas(validite), kIntervalle, kIntervalle},
+          .colonnes = {65, 0},
+          .fixe = true};
+}
+
+// The heading, these lines, and the rows.
+void ImprimerResumeDe(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme,
+                      const std::vector<std::string>& sousLaTete) {
+  ImprimeurDeRangees imprimeur(rapport, forme, tableau.colonnes.size());
+  for (const Rangee& rangee : tableau.rangees) imprimeur.Voir(rangee);
+  imprimeur.Tete(tableau);
+  rapport.Lignes(sousLaTete);
+  for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
+}
+
 void ImprimerResumeReference(Rapport& rapport, const AnalyseTabulaire& analyse) {
-  rapport.Ligne("    Situation                            Intervalle de confiance ");
-  rapport.Ligne("  de référence        Validité              à 1 écart-type"_w);
+  ImprimerResumeDe(rapport, TableauDeLaReference(analyse),
+                   {.titre = kLargeurCourte,
+                    .places = {{"", 3}, {"            ", 3}, {"                   ", 3}, {"      ", 3}},
+                    .avantIntitule = " ",
+                    .tete = TeteDuResume(9, 22)},
+                   {"", NomsDeSituation(analyse, analyse.reference), ""});
   rapport.Ligne();
-  rapport.Ligne(NomsDeSituation(analyse, analyse.reference));
-  rapport.Ligne();
-  ImprimerRangees(rapport, TableauDeLaReference(analyse),
-                  {.titre = kLargeurCourte,
-                   .places = {{"", 3}, {"            ", 3}, {"                   ", 3}, {"      ", 3}},
-                   .avantIntitule = " "});
-  rapport.Ligne();
+}
+
+void ImprimerResumeDesEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele) {
+  constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
+  // A percentage bears its sign, a ratio a blank in its place.
+  const std::size_t signe = analyse.mesure == MesureDEffet::Points ? 0 : 1;
+  const auto derriereUnEffet = [signe](std::size_t blancs) {
+    constexpr std::string_view kBlancs = "       ";
+    return kBlancs.substr(0, blancs + signe);
+  };
+  ImprimerResumeDe(
+      rapport, TableauDesEffets(analyse, modele),
+      {.titre = kLargeurCourte,
+       .places = {{"", 3, kLibre}, {derriereUnEffet(5), 20}, {"         ", 3, kLibre}, {derriereUnEffet(6), 3, kLibre}},
+       .avantIntitule = derriereUnEffet(1),
+       .tete = TeteDuResume(6, kHorsDeLaLigne)},
+      {""});
 }
 
 }  // namespace
@@ -189,28 +222,13 @@ void ImprimerEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Mod
 }
 
 void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele) {
-  constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
   rapport.Ligne();
   rapport.Ligne({"Résumé des paramètres de l'analyse "_w, TitreDAnalyse(analyse.mesure)});
   rapport.Ligne(modele.titre);
   ImprimerResumeReference(rapport, analyse);
-
-  rapport.Ligne("    Effets                               Intervalle de confiance ");
-  rapport.Ligne("  marginaux                                 à 1 écart-type"_w);
-  rapport.Ligne();
-  // A percentage bears its sign, a ratio a blank in its place.
-  const std::size_t signe = analyse.mesure == MesureDEffet::Points ? 0 : 1;
-  const auto derriereUnEffet = [signe](std::size_t blancs) {
-    constexpr std::string_view kBlancs = "       ";
-    return kBlancs.substr(0, blancs + signe);
-  };
-  ImprimerRangees(
-      rapport, TableauDesEffets(analyse, modele),
-      {.titre = kLargeurCourte,
-       .places = {{"", 3, kLibre}, {derriereUnEffet(5), 20}, {"         ", 3, kLibre}, {derriereUnEffet(6), 3, kLibre}},
-       .avantIntitule = derriereUnEffet(1)});
+  ImprimerResumeDesEffets(rapport, analyse, modele);
 }
 
 }  // namespace quelvar::regression

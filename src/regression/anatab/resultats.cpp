@@ -87,11 +87,19 @@ std::string_view MarqueDeCellule(int classe) {
   return crosstab::MarqueDeClasse(classe, crosstab::kColonnesDeToutesLesMarques);
 }
 
+namespace {
+
+// The name of both ends of it.
+Colonne Intervalle() { return {Joindre({"Intervalle de confiance à 1 écart-type"_w})}; }
+
+}  // namespace
+
 TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse) {
   const double part = analyse.PartReference();
   const double ecart = analyse.Reference().EcartTypeDeLaPart();
   TableauEdite tableau;
-  tableau.colonnes.resize(4);
+  tableau.coin = Joindre({"Situation de référence"_w});
+  tableau.colonnes = {{"Pourcentage"}, {Joindre({"Validité"_w})}, Intervalle(), Intervalle()};
   tableau.rangees = {
       {{},
        {},
@@ -107,7 +115,8 @@ TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& mod
   const Unite unite = points ? Unite::Pourcent : Unite::Nombre;
   const std::string signe = points ? "%" : "";
   TableauEdite tableau;
-  tableau.colonnes.resize(4);
+  tableau.coin = "Effets marginaux";
+  tableau.colonnes = {{"Effet"}, {"Remarque"}, Intervalle(), Intervalle()};
   for (const Effet& effet : analyse.effets) {
     const std::string_view remarque = effet.Seul()                  ? "Un seul sous-effet"
                                       : effet.EcartDepasseMoyenne() ? "Ecart-Type > Moyenne"

@@ -44,19 +44,40 @@ void ImprimerConstante(Rapport& rapport, const TravailDAnatab& travail, const Mo
   FormeEnRangees forme{.titre = kLargeur, .places = {{"", 4}, {kVingtCinqBlancs, 3, kLibre}}};
   if (logistique) forme.places = {{"", 4}, {"      ", 4, kLibre}, {"          ", 3}};
   ImprimerRangees(rapport, TableauDeLaConstante(travail, ajuste), forme);
-  rapport.Ligne({"Effets marginaux ", std::string_view(logistique ? "                       Odds-ratio " : "")});
 }
+
+// Of the names of the columns the report has that of the odds-ratio alone.
+void ImprimerEffetsMarginaux(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
+  FormeEnRangees forme{.titre = kLargeur,
+                       .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}},
+                       .tete = {.coin = EnHaut(0), .noms = {{}, {}}, .colonnes = {17, 0}, .fixe = true}};
+  if (ajuste.lien == FonctionDeLien::Logistique) {
+    forme.places = {{" ", 3, kLibre}, {"       ", 3, kLibre}, {"            ", 3, kLibre}};
+    forme.tete.noms = {{}, EnHaut(40), {}};
+    forme.tete.colonnes = {51, 0};
+  }
+  ImprimerRangees(rapport, TableauDesParametres(travail, ajuste), forme);
+}
+
+// What the two editions of means have of their own: what the means are, where the names of the columns of the mean and
+// of its distance stand, and what parts the two.
+struct MotsDesMoyennes {
+  std::string_view sorte;
+  int moyenne;
+  int ecart;
+  std::string_view separation;
+};
 
 // A mean of each modality with its distance from the general one, beside that of what was observed.
 void ImprimerMoyennes(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
-                      const std::vector<double>& moyennes, Texte entete, std::string_view separation) {
+                      const std::vector<double>& moyennes, const MotsDesMoyennes& mots) {
   rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, 4)});
   rapport.Ligne();
-  rapport.Ligne(entete);
-  rapport.Ligne(
-      "Modalité explicative                        Ecart de la moyenne observée à la moyenne générale en %"_w);
-  ImprimerRangees(rapport, TableauDesMoyennes(travail, moyennes),
-                  {.titre = kLargeur, .places = {{" ", 1, kLibre}, {separation, 4, kLibre}, {"  ", 4}}});
+  ImprimerRangees(
+      rapport, TableauDesMoyennes(travail, moyennes, mots.sorte),
+      {.titre = kLargeur,
+       .places = {{" ", 1, kLibre}, {mots.separation, 4, kLibre}, {"  ", 4}},
+       .tete = {.coin = EnBas(0), .noms = {EnHaut(mots.moyenne), EnHaut(mots.ecart), EnBas(44)}, .fixe = true}});
 }
 
 }  // namespace
@@ -74,10 +95,7 @@ void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const M
   ImprimerNonEstimes(rapport, travail);
   ImprimerIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
-  FormeEnRangees forme{.titre = kLargeur, .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}}};
-  if (ajuste.lien == FonctionDeLien::Logistique)
-    forme.places = {{" ", 3, kLibre}, {"       ", 3, kLibre}, {"            ", 3, kLibre}};
-  ImprimerRangees(rapport, TableauDesParametres(travail, ajuste), forme);
+  ImprimerEffetsMarginaux(rapport, travail, ajuste);
   rapport.Ligne({"Log-Vraisembl.", Figure(ajuste.ajustement.logVraisemblance, 6, 4)});
   rapport.Ligne();
 }
@@ -97,16 +115,13 @@ void ImprimerTests(Rapport& rapport, const TravailDAnatab& travail, const Modele
 void ImprimerEffetExperimental(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                                const std::vector<double>& moyennes) {
   rapport.Ligne("Sorties en probabilité selon méthode de l'effet expérimental (Brenque, BMS à paraitre)"_w);
-  ImprimerMoyennes(rapport, travail, ajuste, moyennes,
-                   "             Moyenne expérimentale Ecart de la moyenne expérimentale à la moyenne générale en %"_w,
-                   "  ");
+  ImprimerMoyennes(rapport, travail, ajuste, moyennes, {"expérimentale"_w, 13, 35, "  "});
 }
 
 void ImprimerEffetPur(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& ajustees) {
   rapport.Ligne("Sorties en probabilité selon méthode de l'effet pur (Marvex/Soldain 1997 p.252)"_w);
-  ImprimerMoyennes(rapport, travail, ajuste, ajustees,
-                   "                  Moyenne ajustée Ecart de la moyenne ajustée à la moyenne générale en %"_w, " ");
+  ImprimerMoyennes(rapport, travail, ajuste, ajustees, {"ajustée"_w, 18, 34, " "});
 }
 
 }  // namespace quelvar::regression

@@ -73,7 +73,9 @@ TableauEdite TableauDesParametres(const TravailDAnatab& travail, const ModeleAju
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
   TableauEdite tableau;
-  tableau.colonnes.resize(logistique ? 3 : 2);
+  tableau.coin = "Effets marginaux";
+  tableau.colonnes = {{Joindre({"Paramètre"_w})}, {"Odds-ratio"}, {"Effet en pourcentage"}};
+  if (!logistique) tableau.colonnes.erase(tableau.colonnes.begin() + 1);
   for (std::size_t j = 0; j < betas.size(); ++j) {
     Rangee& rangee =
         tableau.rangees.emplace_back(Rangee{intitules[j], {}, {CelluleDecimale(betas[j], Decimales(travail))}});
@@ -111,10 +113,15 @@ TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele&
   return tableau;
 }
 
-TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes) {
+TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes,
+                                std::string_view sorte) {
   const double generale = travail.base.MoyenneGenerale();
+  const auto ecart = [](std::string_view moyenne) {
+    return Joindre({"Ecart de la moyenne ", moyenne, " à la moyenne générale en %"_w});
+  };
   TableauEdite tableau;
-  tableau.colonnes.resize(3);
+  tableau.coin = Joindre({"Modalité explicative"_w});
+  tableau.colonnes = {{Joindre({"Moyenne ", sorte})}, {ecart(sorte)}, {ecart("observée"_w)}};
   for (std::size_t k = 0; k < moyennes.size(); ++k)
     tableau.rangees.push_back(
         {travail.modele.Explicative(k).intitule,

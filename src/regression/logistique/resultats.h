@@ -27,6 +27,8 @@ TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuM
 // impossible.
 TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele& tests);
 // Of each explanatory modality a mean, its distance from the general one, and that of the observed mean, in points.
-TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes);
+// `sorte`: what the means are.
+TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes,
+                                std::string_view sorte);
 
 }  // namespace quelvar::regression

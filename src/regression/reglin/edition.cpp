@@ -12,6 +12,7 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kAvantLesTitres = 23;
+constexpr int kSourceDeVariance = 11;
 constexpr int kAvantLaMarque = 62;  // columns, up to the word "Signification" of the line above
 
 // Columns of a value in the table of data, with the blank in front of it.
@@ -20,14 +21,6 @@ int LargeurDeValeur(const VariablesDeRegression& variables) { return static_cast
 // A column whose title stands behind these blanks.
 PlaceEnRangee PlaceDeNombre(int entiers, std::string_view avantTitre) {
   return {.entiers = entiers, .elargissement = Elargissement::DerriereUnNombre, .avantTitre = avantTitre};
-}
-
-// The report has the names of the columns on two lines, each behind blanks of its own.
-TableauEdite SurDeuxLignes(TableauEdite variance) {
-  variance.colonnes = {{"   DDL", "   "},
-                       {"    Somme des", Joindre({"     carrés"_w})},
-                       {Joindre({"       Carré   "_w}), "         moyen  "}};
-  return variance;
 }
 
 }  // namespace
@@ -65,12 +58,13 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
 }
 
 void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string_view signification) {
-  constexpr std::string_view kBlancsDuCoin = "           ";
-  ImprimerRangees(rapport, SurDeuxLignes(TableauDeVariance(a)),
-                  {.titre = static_cast<int>(kBlancsDuCoin.size()),
+  ImprimerRangees(rapport, TableauDeVariance(a),
+                  {.titre = kSourceDeVariance,
                    .places = {{"", 4, Elargissement::DerriereUnTexte}, PlaceDeNombre(8, "")},
-                   .coinDesIntitules = kBlancsDuCoin,
-                   .avantLesTitres = kAvantLesTitres});
+                   .avantLesTitres = kAvantLesTitres,
+                   .tete = {.coin = EnHaut(0),
+                            .noms = {EnHaut(11), SurLesDeux(18, 19, 9), SurLesDeux(34, 34, 5)},
+                            .colonnes = {42, 41}}});
   rapport.Ligne();
   rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",
                  Figure(a.degres, 3, 0), " ) =", Figure(a.f, 8, 4), "  Signification  "});

@@ -14,7 +14,7 @@
 #include "core/programme/arret.h"
 #include "core/texte/listes.h"
 #include "regression/donnees/codage.h"
-#include "regression/donnees/entrees.h"
+#include "regression/donnees/exigences.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {
@@ -28,9 +28,8 @@ constexpr std::string_view kSorte = "données"_w;  // what the .CDG holds
 // The table that the parameter line names in place of the .CDG.
 Chemin TableNommee(const Contexte& contexte, Rapport& rapport, const std::string& nom) {
   const std::optional<Chemin> chemin = nom.empty() ? std::nullopt : ChercherFichier(contexte.repertoire, nom);
-  if (chemin) return *chemin;
-  ImprimerTableAbsente(rapport, kSorte, nom);
-  ArreterPourAbsence(contexte, rapport);
+  ExigerTableNommee(rapport, contexte, nom, chemin.has_value(), kSorte);
+  return *chemin;
 }
 
 // Of a table of measures the .MOD tells the columns alone.
@@ -200,20 +199,23 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
 }
 
 void Executer(const Contexte& contexte, Rapport& rapport) {
-  EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
+  const EntreesDeRegression fichiers = TrouverEntrees(contexte);
+  ExigerEntrees(rapport, contexte, fichiers, kSorte);
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données numériques"_w, kSorte, ".REG");
-  const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = ExigerParametres(rapport, mod, fichiers.mod);
+  const FichierMod mod = LireMod(*fichiers.mod);
+  const std::string nomDuMod = TexteDe(fichiers.mod->filename());
+  const ParametresMod parametres = LireParametres(mod.parametres, nomDuMod);
+  ExigerFormat(rapport, parametres, nomDuMod);
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
-  if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
+  const bool autreTable = parametres.de == kTableNommee;
+  const Chemin donnees = autreTable ? TableNommee(contexte, rapport, parametres.mod) : *fichiers.donnees;
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
   PrevenirDesMarquesCoupees(contexte, variables);
-  ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
-  const bool autreTable = parametres.de == kTableNommee;
+  ExigerFormeDuMod(donnees, mod, SansTaille(parametres));
   const Moments moments =
-      CalculerMoments(contexte, rapport, fichiers.donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"),
-                      variables, parametres.de == kTableImprimee);
+      CalculerMoments(contexte, rapport, donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"), variables,
+                      parametres.de == kTableImprimee);
   Regresser(rapport, moments, variables);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");

@@ -1,10 +1,11 @@
 #include "sorts/recodage/edition.h"
 
+#include <array>
+
 #include "core/chiffres/nombres.h"
-#include "core/enquete/colonnes.h"
 #include "core/resultats/cellules.h"
 #include "core/resultats/rangees.h"
-#include "sorts/regles/vit.h"
+#include "sorts/recodage/posneuf.h"
 
 namespace quelvar::sorts {
 
@@ -14,17 +15,12 @@ constexpr int kColonnesDeNom = 4;  // with a blank behind it
 constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
-// The headings of both tables have two lines, which break the names of columns, and "Code-max" stands above two of
-// them: fixed texts, and no titles of columns.
-constexpr std::string_view kHautDeLaTete = "     Posi-  Code-max                    ";
-constexpr std::string_view kTeteDesRecodages = "Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w;
-constexpr std::string_view kTeteDesVit = "Nom  tion  Theorique";
-
-void ImprimerTete(Rapport& rapport, Texte titre, std::string_view tete) {
-  rapport.Ligne(titre);
-  rapport.Ligne(kHautDeLaTete);
-  rapport.Ligne(tete);
-}
+// The headings of both tables: above the rows the names of the position and of its neighbours are broken.
+constexpr PlaceDeNom kNomEnTete = EnBas(0);
+constexpr PlaceDeNom kPositionEnTete = SurLesDeux(5, 5, 5);
+constexpr std::array<int, kLignesDeTete> kColonnesDeTete = {40, 0};
+constexpr int kCodeMaxEnTete = 12;
+constexpr int kCoupeDuCodeMax = 8;
 
 // Position, code-max, new code-max and rule of a recoded question, with its label.
 Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
@@ -41,10 +37,16 @@ Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::s
 
 // Position and code-max of each VIT, behind a warning where that was brought down.
 void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
-  const FormeEnRangees forme{.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}};
+  const FormeEnRangees forme{.titre = kColonnesDeNom,
+                             .places = {kPlaceDePosition, kPlaceDeCodeMax},
+                             .tete = {.coin = kNomEnTete,
+                                      .noms = {kPositionEnTete, SurLesDeux(kCodeMaxEnTete, 11, kCoupeDuCodeMax)},
+                                      .colonnes = kColonnesDeTete}};
   rapport.Ligne();
-  ImprimerTete(rapport, "Variables Ideales Typiques VIT (ou variables crees)", kTeteDesVit);
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  imprimeur.Tete({.titres = {"Variables Ideales Typiques VIT (ou variables crees)"},
+                  .coin = "Nom",
+                  .colonnes = {{"Position"}, {"Code-max Theorique"}}});
   for (const VitNeuve& vit : plan.vits) {
     if (vit.ramene) {
       rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
@@ -55,55 +57,7 @@ void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const PlanDe
   }
 }
 
-std::string DebutDeLigne(std::string_view nom, int position, int codeMax) {
-  return LigneDeQuestion(nom, position, TexteCodeMax(codeMax));
-}
-
-void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& question,
-                    std::string_view devantLIntitule = {}) {
-  sortie.Ecrire(debut);
-  sortie.Ecrire(question.type);
-  if (!question.intitule.empty())
-    sortie.Ecrire(Joindre({" ", EntreDollars(Joindre({devantLIntitule, question.intitule})), " "}));
-  sortie.Ligne(MarqueDe(question.statut));
-}
-
-void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan) {
-  std::size_t suivant = 0;
-  for (std::size_t i = 0; i < consignes.pos.questions.size(); ++i) {
-    const Question& question = consignes.pos.questions[i];
-    const bool recodee = suivant < plan.champs.size() && plan.champs[suivant].question == i;
-    const int codeMax =
-        recodee && consignes.mode == ModeRecodage::SurPlace ? plan.champs[suivant].codeMax : question.codeMax;
-    if (recodee) ++suivant;
-    EcrireQuestion(sortie, DebutDeLigne(question.nom, question.position, codeMax), question);
-  }
-}
-
-void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan) {
-  const std::string_view devantLIntitule = consignes.mode == ModeRecodage::EnFin ? " Rec " : "";
-  for (const ChampNeuf& champ : plan.champs) {
-    const Question& question = consignes.pos.questions[champ.question];
-    EcrireQuestion(sortie, DebutDeLigne(NomNeuf(question, consignes.mode), champ.position, champ.codeMax), question,
-                   devantLIntitule);
-  }
-}
-
-// The lines behind the question list; the block of VIT that they open is not to be carried out again.
-void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
-  for (std::size_t i = pos.premiereApres; i < pos.lignes.size(); ++i) {
-    std::string ligne = pos.lignes[i];
-    const std::size_t marque = i == pos.premiereApres ? ligne.find(kMarqueVit) : std::string::npos;
-    if (marque != std::string::npos) ligne.replace(marque, kMarqueVit.size(), kFinDeListe);
-    sortie.Ligne(ligne);
-  }
-}
-
 }  // namespace
-
-std::string NomNeuf(const Question& question, ModeRecodage mode) {
-  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurDeQuestion - 1) : question.nom;
-}
 
 std::string LigneDeVit(std::size_t numero, std::string_view nom) {
   return TexteDeRangee({"VIT numero ", {}, {CelluleEntiere(numero), CelluleTexte(nom)}},
@@ -111,26 +65,22 @@ std::string LigneDeVit(std::size_t numero, std::string_view nom) {
 }
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
-  ImprimerTete(rapport, "Impression de la table de recodage", kTeteDesRecodages);
-  TableauEdite table{.colonnes = std::vector<Colonne>(4)};
+  TableauEdite table{
+      .titres = {"Impression de la table de recodage"},
+      .coin = "Nom",
+      .colonnes = {
+          {"Position"}, {"Code-max Ancien"}, {"Code-max Nouv."}, {Joindre({"Recodage (+ intitulé long éventuel)"_w})}}};
   for (std::size_t i = 0; i < plan.champs.size(); ++i)
     table.rangees.push_back(RangeeDe(consignes, plan.champs[i], consignes.aRegle[i].regle));
   ImprimerRangees(rapport, table,
                   {.titre = kColonnesDeNom,
                    .places = {kPlaceDePosition, kPlaceDeCodeMax, kPlaceDeCodeMax, {.avant = "   "}},
-                   .avantIntitule = " "});
+                   .avantIntitule = " ",
+                   .tete = {.coin = kNomEnTete,
+                            .noms = {kPositionEnTete, SurLesDeux(kCodeMaxEnTete, 10, kCoupeDuCodeMax),
+                                     SurLesDeux(kCodeMaxEnTete, 17, kCoupeDuCodeMax), EnBas(23)},
+                            .colonnes = kColonnesDeTete}});
   if (!plan.vits.empty()) ImprimerTableVit(rapport, consignes, plan);
-}
-
-void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan, const TailleNeuve& taille,
-                   const std::string& generique) {
-  sortie.Ligne(Joindre({consignes.pos.titre, " Recode en ", generique}));
-  sortie.Ligne(LigneDeTaille(taille.individus, taille.avantPonderation));
-  if (consignes.mode != ModeRecodage::Seules) EcrireAnciennes(sortie, consignes, plan);
-  if (consignes.mode != ModeRecodage::SurPlace) EcrireRecodees(sortie, consignes, plan);
-  for (const VitNeuve& vit : plan.vits)
-    sortie.Ligne(DebutDeLigne(consignes.vits[vit.demandee].nom, vit.position, vit.codeMax));
-  if (consignes.mode != ModeRecodage::Seules) EcrireSuite(sortie, consignes.pos);
 }
 
 }  // namespace quelvar::sorts

@@ -10,7 +10,7 @@
 #include "core/enquete/nomdemodalite.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "sorts/recodage/edition.h"
+#include "sorts/recodage/posneuf.h"
 #include "sorts/regles/regles.h"
 
 namespace quelvar::sorts {

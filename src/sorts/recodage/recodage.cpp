@@ -18,6 +18,7 @@
 #include "sorts/recodage/etiquettes.h"
 #include "sorts/recodage/passe.h"
 #include "sorts/recodage/plan.h"
+#include "sorts/recodage/posneuf.h"
 #include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {

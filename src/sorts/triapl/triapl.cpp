@@ -130,29 +130,13 @@ void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& op
 
 // The data file stands for fewer real individuals: counts come back to their scale. Raises kDivisionParZero for an
 // empty data file.
-void Ponderer(Rapport& rapport, Etude& etude) {
+void Ponderer(Etude& etude) {
   const std::int64_t avant = etude.pos.taille.avantPonderation;
-  if (avant <= 0) return;
   if (etude.individus == 0) throw Erreur(kDivisionParZero);
   const double rapportDEchelle = static_cast<double>(etude.individus) / static_cast<double>(avant);
   for (std::vector<double>& effectifs : etude.effectifs)
     for (double& effectif : effectifs) effectif /= rapportDEchelle;
-  rapport.Ligne("Les effectifs sont le résultat d'une pondération"_w);
-  rapport.Ligne({"L'effectif construit avec  la pondération est de "_w, NombreNu(etude.individus)});
-  rapport.Ligne({"L'effectif d'origine avant la pondération est de "_w, NombreNu(avant)});
   etude.individus = avant;
-}
-
-void ImprimerTitreDesTris(Rapport& rapport, const OptionsTriapl& options) {
-  rapport.Ligne(" ");
-  rapport.Suite("Impression des tris a plat");
-  if (!options.nonReponses) rapport.Suite(", non-réponses (de code zéro) exclues"_w);
-  rapport.Ligne();
-  if (options.triangulaire) {
-    rapport.Ligne("Préparation du graphique triangulaire :"_w);
-    rapport.Ligne("les codes supérieurs à 3 sont ajoutés aux non-réponses"_w);
-  }
-  rapport.Ligne(" ");
 }
 
 double TotalDe(const std::vector<double>& effectifs, const OptionsTriapl& options) {
@@ -217,7 +201,11 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
   Etude etude = LireQuestions(fichiers);
   PrendreTaille(rapport, contexte, fichiers, etude);
   Compter(rapport, contexte, options, fichiers, etude);
-  if (!options.triangulaire) Ponderer(rapport, etude);
+  if (!options.triangulaire && etude.pos.taille.avantPonderation > 0) {
+    const std::int64_t ponderes = etude.individus;
+    Ponderer(etude);
+    ImprimerPonderation(rapport, ponderes, etude.individus);
+  }
 
   ImprimerTitreDesTris(rapport, options);
   const std::vector<TableauEdite> tableaux = DresserTris(options, etude, fichiers.mod ? &etude.intitules : nullptr);

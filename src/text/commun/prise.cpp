@@ -6,7 +6,6 @@
 #include "core/panne/annonce.h"
 #include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "text/commun/source.h"
 
 namespace quelvar::text {
 
@@ -24,11 +23,10 @@ std::string DireLesLettres(const SourceDeTexte& source) {
 
 }  // namespace
 
-std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
-  SourceDeTexte source = LireSource(chemin, nom);
+std::string PrendreTexte(Rapport& rapport, const Dialogue& ecran, std::string_view nom, SourceDeTexte source) {
   if (source.codage == Codage::PageDeCode) return std::move(source.octets);
   const std::string_view codage = source.codage == Codage::Utf16 ? "UTF-16" : "UTF-8";
-  const Reponse reponse = contexte.Ecran().demander(
+  const Reponse reponse = ecran.demander(
       Joindre({"Le fichier ", nom, " est en ", codage, DireLesLettres(source),
                ".\r\nIl va être converti à la lecture (le fichier lui-même reste comme il est). L'acceptez-vous ?"_w}),
       Boutons::OuiNon);

@@ -129,7 +129,8 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   // The text, its records, and words of five columns with what sorts them.
   const std::uint64_t longueur = LongueurFichier(texte);
   ExigerPlace(contexte, rapport, {2 * longueur + longueur / 5 * 2 * sizeof(Mot), 0});
-  const std::string octets = PrendreTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  const std::string octets =
+      PrendreTexte(rapport, contexte.Ecran(), contexte.Nom(".TXT"), LireSource(texte, contexte.Nom(".TXT")));
   if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1)
     AvertirEtArreter(
         rapport, contexte.Ecran(),

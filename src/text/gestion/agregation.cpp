@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/annonce.h"
 #include "core/panne/attention.h"
 #include "core/programme/arret.h"
 #include "core/session/generiquelibre.h"
@@ -171,7 +172,7 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
                Rapport& rapport) {
   if (action.tri) {
     const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte);
-    return ArreterSurMessage(rapport, fautes);
+    return ArreterSi(rapport, fautes);
   }
   const NomsDesLignes noms(agregation.table.lignes);
   for (const std::string& nom : action.lignes) {
@@ -272,7 +273,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
     ImprimerBandeau(rapport, kTitre);
     AgregationOuverte ouverte = OuvrirAgregation(contexte);
     if (!ouverte.ouverte) {
-      for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
+      rapport.Lignes(ouverte.message);
       throw Erreur(kArretAnnonce);
     }
     Agregation& agregation = ouverte.agregation;

@@ -130,8 +130,7 @@ Fin EnregistrerSuplMot(const Contexte& contexte, const TableGeree& table) {
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
   return ExecuterProgramme(contexte, contexte.Nom(kRapport), LibellesErreur{}, [&](Rapport& rapport) {
     TableOuverte ouverte = OuvrirSuplMot(contexte);
-    for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
-    if (!ouverte.message.empty()) throw Erreur(kArretAnnonce);
+    ArreterSi(rapport, ouverte.message);
     NomsDesLignes noms(ouverte.table.lignes);
     for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, noms, action, rapport);
     Enregistrer(contexte, ouverte.table);

@@ -8,6 +8,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "text/commun/intitule.h"
 #include "text/gestion/motsdeslignes.h"

@@ -96,7 +96,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   ExigerTexte(contexte, rapport, nomOrigine, source);
   ExigerPlace(contexte, rapport, {LongueurFichier(*source), LongueurFichier(*source)});
 
-  std::string texte = PrendreTexte(contexte, *source, nomOrigine, rapport);
+  std::string texte = PrendreTexte(rapport, contexte.Ecran(), nomOrigine, LireSource(*source, nomOrigine));
   const Extrait ancien = ExtraitDe(texte);
   const std::string anciensOctets = texte.substr(0, kOctetsMontres);
   TransformerOctets(texte, options);

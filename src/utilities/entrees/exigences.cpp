@@ -14,13 +14,10 @@ constexpr std::string_view kArretSansFichiers = "*** Arrêt du programme dû à 
 }  // namespace
 
 void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<EntreeChoisie> entrees) {
-  bool manque = false;
-  for (const EntreeChoisie& entree : entrees) {
-    if (entree.chemin) continue;
-    rapport.Ligne(PhraseDAbsence(entree.nom, kLeFichierEnRelief));
-    manque = true;
-  }
-  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+  std::vector<FichierObligatoire> fichiers;
+  for (const EntreeChoisie& entree : entrees)
+    fichiers.push_back({entree.nom, entree.chemin.has_value(), kLeFichierEnRelief});
+  if (ImprimerLesAbsents(rapport, fichiers)) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
 }
 
 void ExigerTableau(Rapport& rapport, const Contexte& contexte) {

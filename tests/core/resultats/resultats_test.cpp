@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/resultats/fichiers.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -85,18 +87,30 @@ TEST(Rangees, TitlesToTheRightOfTheirPlaces) {
 
 TEST(Rangees, HeadingsOfTwoLinesEmptyRowsAndRowsSideBySide) {
   TableauEdite tableau;
-  tableau.coin = "Nom ";
-  tableau.colonnes = {{" Somme", "     1"}, {" Fin", "   2"}};
-  tableau.rangees = {{"A", "ns", {{123456.0}, {1.0}}}, {}, {"B", "**", {{1.0}, {2.0}}}};
+  tableau.coin = "Nom";
+  tableau.colonnes = {{"Position"}, {"Code-max Ancien"}, {"Code-max Nouv."}, {"Fin"}, {"Sens"}};
+  tableau.rangees = {
+      {"A", "ns", {{123456.0}, {1.0}, {2.0}, {3.0}, {4.0}}}, {}, {"B", "**", {{1.0}, {2.0}, {3.0}, {4.0}, {5.0}}}};
+  constexpr int kFin = 30;
   EXPECT_EQ(Imprimer(tableau, {.titre = 4,
-                               .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 3}},
-                               .coinDesIntitules = "    ",
-                               .intitule = 4}),
-            "Nom   Somme Fin\r\n"
-            "          1   2\r\n"
-            "A   123456  1  ns\r\n"
+                               .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 5}},
+                               .intitule = 4,
+                               .tete = {.coin = EnBas(0),
+                                        .noms = {SurLesDeux(4, 4, 5), SurLesDeux(10, 9, 8), SurLesDeux(10, 16, 8),
+                                                 EnHaut(20), SurLesDeux(kHorsDeLaLigne, 25, 2)},
+                                        .colonnes = {kFin, 0}}}),
+            "     Posi- Code-max  Fin       \r\n"
+            "Nom  tion Ancien Nouv.    Sens\r\n"
+            "A   123456    1    2    3    4  ns\r\n"
             "\r\n"
-            "B        1  2  **\r\n");
+            "B        1    2    3    4    5  **\r\n");
+  // Names that stay where they are, and one that is left out.
+  const std::string_view noms[] = {"Effet", "Remarque", "Erreur type"};
+  const std::array<std::string, kLignesDeTete> tete =
+      TeteADeuxLignes("Effets nets", noms, std::array{2, 0, 1},
+                      {.coin = SurLesDeux(2, 0, 8), .noms = {EnHaut(10), {}, SurLesDeux(16, 17, 6)}, .fixe = true});
+  EXPECT_EQ(tete[0], "  Effets  Effet Erreur");
+  EXPECT_EQ(tete[1], "nets             type");
   tableau = {};
   tableau.colonnes = {{}};
   for (const double frequence : {5.0, 12345.0, 7.0})
@@ -131,13 +145,12 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
 TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {
   TableauEdite tableau;
   tableau.coin = " COL:";
-  tableau.colonnes = {{"SEX", "1  "}, {"Label", "2"}, {"Label", "3"}};
+  tableau.colonnes = {{"SEX"}, {"Label"}, {"Label"}};
   tableau.rangees = {{"SEX1 ", {}, {{1234567.0}, {1.0}, {2.0, Unite::Nombre, 1}}}};
   const FormeEnRangees forme{
       .places = {{.entiers = 5, .enPlus = 3, .avantTitre = " ", .derriereTitre = " "},
                  {.avant = " ", .entiers = 3, .titre = TitreDeColonne::AGauche},
-                 {.avant = "  ", .entiers = 5, .titre = TitreDeColonne::ADroite, .colonnesDuTitre = 7}},
-      .coinDesIntitules = "Modal.  "};
+                 {.avant = "  ", .entiers = 5, .titre = TitreDeColonne::ADroite, .colonnesDuTitre = 7}}};
   const essai::DossierTemporaire dossier;
   const Chemin chemin = dossier.Chemin() / "R.PRT";
   Rapport rapport(chemin);
@@ -148,7 +161,6 @@ TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {
   rapport.Valider();
   EXPECT_EQ(LireOctets(chemin),
             " COL:    SEX Lab  Label\r\n"
-            "Modal.      1   2        3\r\n"
             "SEX1  1234567   1      2.0\r\n"
             "Khi-deux =   12.2 !\r\n"
             "p = < 0\r\n");

@@ -9,6 +9,7 @@
 #include "support/environnement.h"
 #include "support/tableau.h"
 #include "tables/liens/liaisons.h"
+#include "tables/liens/parnoeud.h"
 
 using namespace quelvar::crosstab;
 using namespace quelvar::tables;

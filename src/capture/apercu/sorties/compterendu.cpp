@@ -3,10 +3,32 @@
 #include "capture/apercu/choix/devenir.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/sorties/tableau.h"
+#include "capture/noms/courts.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/attention.h"
+#include "core/resultats/rangees.h"
 
 namespace quelvar::capture {
+
+namespace {
+
+// The places of TableauDesFaits.
+FormeEnRangees FormeDesFaits() {
+  constexpr auto kTexte = Elargissement::DerriereUnTexte;
+  constexpr int kNomCourt = static_cast<int>(kNomCourtLePlusLong);
+  constexpr int kContenuLePlusLong = 23;
+  constexpr auto kADroite = TitreDeColonne::ADroite;
+  constexpr auto kAGauche = TitreDeColonne::AGauche;
+  return {.places = {{.entiers = 5, .elargissement = kTexte, .titre = kADroite},
+                     {.avant = " ", .entiers = kNomCourt, .titre = kAGauche, .avantTitre = " "},
+                     {.avant = " ", .entiers = kContenuLePlusLong, .titre = kAGauche, .avantTitre = " "},
+                     {.entiers = 12, .elargissement = kTexte, .titre = kADroite},
+                     {.entiers = 8, .elargissement = kTexte, .titre = kADroite},
+                     {.avant = " ", .avantTitre = " "},
+                     {.avant = " : ", .avantTitre = " : "}}};
+}
+
+}  // namespace
 
 void ImprimerLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
                      const Reconnaissance& table) {

@@ -23,21 +23,6 @@ TableauEdite TableauDesFaits(const Reconnaissance& table) {
   return tableau;
 }
 
-FormeEnRangees FormeDesFaits() {
-  constexpr auto kTexte = Elargissement::DerriereUnTexte;
-  constexpr int kNomCourt = static_cast<int>(kNomCourtLePlusLong);
-  constexpr int kContenuLePlusLong = 23;
-  constexpr auto kADroite = TitreDeColonne::ADroite;
-  constexpr auto kAGauche = TitreDeColonne::AGauche;
-  return {.places = {{.entiers = 5, .elargissement = kTexte, .titre = kADroite},
-                     {.avant = " ", .entiers = kNomCourt, .titre = kAGauche, .avantTitre = " "},
-                     {.avant = " ", .entiers = kContenuLePlusLong, .titre = kAGauche, .avantTitre = " "},
-                     {.entiers = 12, .elargissement = kTexte, .titre = kADroite},
-                     {.entiers = 8, .elargissement = kTexte, .titre = kADroite},
-                     {.avant = " ", .avantTitre = " "},
-                     {.avant = " : ", .avantTitre = " : "}}};
-}
-
 std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const PlanDImport& plan,
                                  const Bilan& bilan) {
   std::vector<CodeFait> codes;

@@ -8,7 +8,6 @@
 #include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
-#include "core/resultats/rangees.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar::capture {
@@ -16,8 +15,6 @@ namespace quelvar::capture {
 // A row a column: its number and short name, what it holds, how many different values and empty cells, its title and
 // what becomes of it.
 TableauEdite TableauDesFaits(const Reconnaissance& table);
-// The places that these cells have in a report.
-FormeEnRangees FormeDesFaits();
 
 // A code made, with the individuals that have it.
 struct CodeFait {

@@ -9,7 +9,6 @@
 #include "forms/pieces/options.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
-#include "modalities/correction/modifmod.h"
 #include "ui_profilmod.h"
 
 namespace quelvar::forms {
