@@ -1,5 +1,6 @@
 // The run of the crosstabs without their form: each request is done on the state of the form as a user would.
 #include <optional>
+#include <utility>
 
 #include "core/dessin/svg.h"
 #include "core/enquete/noms.h"
@@ -25,7 +26,12 @@ struct FormeCroise {
   const Dialogue& Ecran() const { return contexte.Ecran(); }
 };
 
-// The questions of those names, "*" for all; a name that the survey has not stops the run.
+// A request that cannot be launched: the box that ends the run has these words, and the place of the fault if it is in
+// a file.
+Erreur Refuser(std::string phrase) { return {kArgumentIncorrect, std::move(phrase)}; }
+
+// The questions of those names, "*" for all. Raises a refusal for a name that no question of the survey has, or more
+// than one.
 std::vector<std::size_t> Trouver(const FormeCroise& forme, const std::vector<std::string>& noms) {
   const std::vector<QuestionCroisee>& questions = forme.enquete.questions;
   std::vector<std::size_t> trouvees;
@@ -35,13 +41,10 @@ std::vector<std::size_t> Trouver(const FormeCroise& forme, const std::vector<std
       continue;
     }
     const std::vector<std::size_t> rangs = RangsDuNom(questions, nom);
-    if (rangs.size() != 1) {
-      forme.Ecran().demander(rangs.empty()
-                                 ? Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")})
-                                 : FauteHomonymes(nom, questions, rangs),
-                             Boutons::Ok);
-      throw Erreur(kArretAnnonce);
-    }
+    const std::string pos = forme.contexte.Nom(".POS");
+    if (rangs.empty()) throw Refuser(Joindre({"La question ", nom, " n'existe pas dans ", pos}));
+    if (rangs.size() > 1)
+      throw Refuser(FauteHomonymes(nom, questions, rangs)).Situer({pos, LigneDansLaListe(rangs[1])});
     trouvees.push_back(rangs.front());
   }
   return trouvees;
@@ -55,10 +58,8 @@ void Poser(FormeCroise& forme, RoleQuestion role, const std::vector<std::string>
 }
 
 void Preparer(FormeCroise& forme, const RequeteCroise& requete) {
-  if (const std::string refus = RefusDEcrire(forme.contexte, requete.graphique); !refus.empty()) {
-    forme.Ecran().demander(refus, Boutons::Ok);
-    throw Erreur(kArretAnnonce);
-  }
+  if (std::string refus = RefusDEcrire(forme.contexte, requete.graphique); !refus.empty())
+    throw Refuser(std::move(refus));
   EtatChoixVar& etat = forme.etat;
   if (requete.filtres.empty()) ChoisirDeuxDimensions(etat, forme.Ecran());
   else ChoisirTroisDimensions(etat, forme.Ecran());
@@ -83,14 +84,11 @@ void EcrireGraphique(const FormeCroise& forme, std::string_view nom, const Table
 void Lancer(FormeCroise& forme, const RequeteCroise& requete) {
   Preparer(forme, requete);
   std::optional<DemandeCroise> demande = PreparerLancement(forme.etat, forme.Ecran());
-  if (!demande) {
-    forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
-    throw Erreur(kArretAnnonce);
-  }
+  if (!demande) throw Refuser(forme.etat.titre);
   demande->tableaux = forme.garderTableaux;
   forme.lance = true;
   std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
-  if (!resultat) throw Erreur(kArretAnnonce);
+  if (!resultat) throw Erreur(kArretAnnonce);  // its report is shown, with the failure
   ApresLancement(forme.etat, *resultat);
   for (TableauEdite& tableau : resultat->tableaux) forme.tableaux.push_back(std::move(tableau));
   if (resultat->retenu) EcrireGraphique(forme, requete.graphique, *resultat->retenu);

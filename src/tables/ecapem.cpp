@@ -89,11 +89,14 @@ void EnregistrerCliques(const TravailEcapem& t) {
   t.rapport.Ligne("Enregistrement des cliques issues de Ucinet");
   LecteurLignes fichier(ExigerFichier(t, ".NT1", kArretFichiers));
   std::vector<std::vector<std::size_t>> cliques;
-  for (std::string_view ligne; fichier.Lire(ligne);) cliques.push_back(LireClique(ligne));
+  Situer(fichier, [&] {
+    for (std::string_view ligne; fichier.Lire(ligne);) cliques.push_back(LireClique(ligne));
+  });
   const bool burt = t.parametres.burt > 1;
   const std::size_t lignes = NombreDe(burt ? t.parametres.burt : t.parametres.lignes);
   const std::size_t colonnes = burt ? lignes : t.modalites.size();
-  std::vector<Lien> liens = LiensDesCliques(cliques, lignes, colonnes);
+  std::vector<Lien> liens = Situer([&] { return Lieu{.fichier = fichier.Ou().fichier}; },
+                                   [&] { return LiensDesCliques(cliques, lignes, colonnes); });
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
   EnregistrerLiens(t.contexte, std::nullopt, liens);
 }

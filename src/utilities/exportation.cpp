@@ -26,7 +26,7 @@ struct ZoneDExportation {
 
 struct BilanExportation {
   std::int64_t lignes = 0;
-  bool arretee = false;  // at a line that the zone leaves
+  std::optional<Lieu> arret = {};  // the line that the zone leaves
 };
 
 BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const ZoneDExportation& zone,
@@ -36,7 +36,7 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
   LecteurLignes lecteur(source);
   for (std::string_view ligne; lecteur.Lire(ligne); ++bilan.lignes) {
     if (zone.Depasse(ligne)) {
-      bilan.arretee = true;
+      bilan.arret = lecteur.Ou();
       return bilan;
     }
     if (zone.debut < 1 || zone.fin < zone.debut - 1) throw Erreur(kArgumentIncorrect);
@@ -62,10 +62,11 @@ void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExpor
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
   c.Valider();
-  if (bilan.arretee)
+  if (bilan.arret)
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     "*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la longueur de "
-                     "l'enregistrement"_w);
+                     {std::string("*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la "
+                                  "longueur de l'enregistrement"_w),
+                      *bilan.arret});
   ImprimerBilanDeLExportation(rapport, bilan.lignes, options.complementaire);
 }
 

@@ -73,6 +73,14 @@ const std::string kTrg = "Titre\r\nUn\r\nDeux\r\nTrois\r\n";
 const std::string kMod = "ENQ\r\n LIGN=2 COL=2 FMT=4 \r\nC1     un\r\nC2     deux\r\n";
 
 Contenu Table(const std::string& mod, const std::string& brt) { return {{"ENQ.MOD", mod}, {"ENQ.BRT", brt}}; }
+// One question, and the lines behind it.
+Contenu Enquete(const std::string& suite, const std::string& donnees) {
+  return {{"ENQ.POS", "ENQ\r\n 0 \r\nSEX   1 2\r\n" + suite}, {"ENQ.DAT", donnees}};
+}
+Contenu Avec(Contenu entrees, const Contenu& autres) {
+  entrees.insert(autres.begin(), autres.end());
+  return entrees;
+}
 Contenu Paire(const std::string& a, const std::string& b) { return {{"A.DAT", a}, {"B.DAT", b}}; }
 LigneDOptions Fusion(const char* type, const char* b = "B.DAT") {
   return {{"a", "A.DAT"}, {"b", b}, {"c", "C.DAT"}, {"type", type}};
@@ -328,6 +336,51 @@ TEST_F(MauvaisesEntrees, LesArretsDisentLeurLieu) {
       {"gendat", {}, table, ""},  // its box has told all
       {"anecar", {}, table, avecLeFichier},
       {"ecapem", {}, table, avecLeFichier},
+      {"suplmot", {}, table, avecLeFichier},
+      {"tabmotagreg", {}, table, avecLeFichier},
+      {"recodage",
+       {},
+       Enquete("AGE   2 3  1x=2\r\n", "11\r\n"),
+       std::string("Signe interdit (x, caractère 2 de la règle) a la question : AGE (ENQ.POS, ligne 4)"_w)},
+      {"recodage",
+       {},
+       Enquete("$$CUL\r\nZZZ     1\r\n$$\r\n", "11\r\n"),
+       "Nom de l'element VIT non trouve =ZZZ (ENQ.POS, ligne 5)"},
+      {"triapl",
+       {{"limite", "1"}},
+       Enquete("", "3\r\n1\r\n4\r\n"),
+       "Arret pour nombre de depassement de code-max > 1  (ENQ.DAT, ligne 3, colonne 1)"},
+      {"varint",
+       {{"questions", "SEX"}},
+       Enquete("TRO   230\r\n", "112\r\n"),
+       std::string("Code-max >20 à la question TRO (ENQ.POS, ligne 4)"_w)},
+      {"anatab",
+       {},
+       {{"ENQ.MOD", "ENQ\r\n FMT=1\r\nAAA1 Y un\r\nAAA2   deux\r\nCCC1 R un\r\nCCC2   deux\r\n"},
+        {"ENQ.CDG", "    1010\r\n    1110\r\n"}},
+       std::string("l'individu 2 n'a pas une réponse à chaque question (ENQ.CDG, ligne 2)"_w)},
+      {"reglin",
+       {},
+       {{"ENQ.MOD", "ENQ\r\n FMT=4\r\nREV  Y revenu\r\nAGE  X age\r\n"},
+        {"ENQ.CDG", "1      1   2\r\n2      3\r\n3      4   5\r\n"}},
+       "l'individu 2 n'a pas une valeur pour chaque variable (ENQ.CDG, ligne 2)"},
+      {"saisiemot",
+       {{"position", "3"}, {"lignes", "1"}},
+       {{"ENQ.TXT", "12 un mot\r\nx\r\n"}},
+       "ARRET DU AUX ERREURS RENCONTREES (ENQ.TXT, ligne 2)"},
+      {"ecapem",
+       {{"cliques", "oui"}},
+       Avec(Table(kMod, kTable), {{"ENQ.NT1", "   1: 1 2\r\n   2: 2 9\r\n"}}),
+       std::string("L'indice n'appartient pas à la sélection (ENQ.NT1, ligne 2)"_w)},
+      {"exporter",
+       {{"a", "A.TXT"}, {"c", "C.TXT"}, {"debut", "1"}, {"fin", "3"}},
+       {{"A.TXT", "abcd\r\nab\r\n"}},
+       std::string("*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la longueur de "
+                   "l'enregistrement (A.TXT, ligne 2)"_w)},
+      {"trifichier",
+       {{"a", "A.TXT"}, {"c", "C.TXT"}, {"position", "1"}, {"largeur", "1"}},
+       {{"A.TXT", ""}},
+       std::string("Division par zéro (A.TXT)"_w)},
   };
   std::string panne;
   dialogue_.afficher = [&](const Affichage& affichage) {
@@ -339,6 +392,8 @@ TEST_F(MauvaisesEntrees, LesArretsDisentLeurLieu) {
     Essayer({programme, programme, options, entrees, Fin::Arret, {}});
     EXPECT_EQ(panne, attendue) << programme << "\n" << montre_;
   }
+  const LigneDOptions deuxSexes = {{"lignes", "SEX"}, {"colonnes", "SEX"}};
+  Essayer({"croise", "croise", deuxSexes, Enquete("SEX   2 2\r\n", "11\r\n"), Fin::Arret, {"(ENQ.POS, ligne 4)"}});
 }
 
 }  // namespace

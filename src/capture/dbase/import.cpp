@@ -218,7 +218,7 @@ QuestionsComptees CompterQuestions(const Contexte& contexte, const Chemin& dat, 
 void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers) {
   const FichierPos pos = LirePos(*fichiers.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
-  ExigerNomsDifferents(pos.questions);
+  ExigerNomsDifferents(pos);
   const QuestionsComptees lues = CompterQuestions(contexte, *fichiers.dat, pos);
   if (lues.individus < pos.taille.individus) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   ImprimerTris(rapport, lues.comptees, lues.individus);

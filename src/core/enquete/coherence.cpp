@@ -4,8 +4,10 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
+#include "core/enquete/noms.h"
 #include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
+#include "core/programme/arret.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 
@@ -170,6 +172,14 @@ void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
   if (!taille.parenthesesFautives) return;
   dialogue.demander(MessageParentheses(), Boutons::Ok);
   throw Erreur(kArretAnnonce);
+}
+
+std::size_t ExigerQuestion(Rapport& rapport, const Dialogue& ecran, const FichierPos& pos, std::string_view nom) {
+  const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
+  if (rangs.empty()) AvertirEtArreter(rapport, ecran, FauteQuestionAbsente(nom));
+  if (rangs.size() > 1)
+    AvertirEtArreter(rapport, ecran, {FauteHomonymes(nom, pos.questions, rangs), LieuDeLaQuestion(pos, rangs[1])});
+  return rangs.front();
 }
 
 }  // namespace quelvar

@@ -13,6 +13,7 @@
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/dialogue.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 
@@ -58,5 +59,9 @@ std::string_view MessageParentheses();
 // Shows that message and stops the run (kArretAnnonce) when the size line has it coming. Its one place of telling: the
 // programs that demand it all do just this once they have read the .POS, a box and no line of the report.
 void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
+
+// The rank of the question of that name, which a run was asked for. Tells a name that no question has, or that several
+// share, in a line with a beep, and stops the run (kArretAnnonce).
+std::size_t ExigerQuestion(Rapport& rapport, const Dialogue& ecran, const FichierPos& pos, std::string_view nom);
 
 }  // namespace quelvar

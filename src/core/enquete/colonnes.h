@@ -1,6 +1,7 @@
 // The columns of the lines of .POS and .MOD, and what stands in them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -18,6 +19,8 @@ inline constexpr int kColonneDIntitule = kLargeurDeModalite + kLargeurDeMarque +
 inline constexpr int kIntituleDeModaliteAuPlus = 25;
 // What ends both lists.
 inline constexpr std::string_view kFinDeListe = "**";
+// The line of the file, from 1, of an element of either list: behind the title and line 2.
+constexpr std::int64_t LigneDansLaListe(std::size_t rang) { return static_cast<std::int64_t>(rang) + 3; }
 // The last column of a data line that four columns of .POS can tell.
 inline constexpr int kDernierePosition = 9999;
 

@@ -97,13 +97,17 @@ bool EstSeule(const std::vector<std::string>& textes, std::string_view nom) {
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom) {
   const std::string_view cherche = Rogner(nom);
   std::size_t rang = textes.size();
+  std::size_t suivant = rang;
   std::size_t trouvees = 0;
   for (std::size_t i = textes.size(); i-- > 0;) {
     if (Rogner(NomDeTexte(textes[i])) != cherche) continue;
+    suivant = rang;
     rang = i;
     ++trouvees;
   }
-  if (trouvees > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(cherche, trouvees));
+  if (trouvees > 1)
+    throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(cherche, trouvees))
+        .Situer({{}, LigneDansLaListe(suivant)});
   return rang;
 }
 

@@ -59,7 +59,7 @@ void PoserIntitule(std::string& texte, std::string_view intitule);
 bool EstSupplementaire(std::string_view texte);
 
 // Rank of the modality of that name, blanks around it aside, or the number of texts. Raises a sentence
-// (kIncompatibiliteType) when several have it.
+// (kIncompatibiliteType), with the line of the second one, when several have it.
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom);
 // Whether one modality has that name.
 bool EstSeule(const std::vector<std::string>& textes, std::string_view nom);

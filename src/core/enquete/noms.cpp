@@ -1,9 +1,11 @@
 #include "core/enquete/noms.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/posfile.h"
 #include "core/texte/listes.h"
 
 namespace quelvar {
@@ -23,6 +25,16 @@ std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites)
 
 std::string FauteQuestionAbsente(std::string_view nom) {
   return Joindre({"La question ", nom, " n'est pas dans le fichier de positions"});
+}
+
+void ExigerNomsDifferents(const FichierPos& pos) {
+  std::set<std::string_view> vus;
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    const std::string& nom = pos.questions[i].nom;
+    if (vus.insert(Rogner(nom)).second) continue;
+    throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, RangsDuNom(pos.questions, nom)))
+        .Situer(LieuDeLaQuestion(pos, i));
+  }
 }
 
 }  // namespace quelvar

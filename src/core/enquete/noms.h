@@ -3,16 +3,18 @@
 
 #include <cstddef>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
+
+struct FichierPos;
 
 // How a name that nothing bears exactly is looked for.
 enum class Casse { Exacte, Indifferente };
@@ -38,12 +40,14 @@ std::string FauteHomonymes(std::string_view nom, std::span<const int> positions)
 // The sentence on a name that so many modalities of a .MOD share.
 std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites);
 
-// The rank of the modality of that name, if there is one. Raises FauteModalitesHomonymes (kIncompatibiliteType) when
-// several have it.
+// The rank of the modality of that name, if there is one. Raises FauteModalitesHomonymes (kIncompatibiliteType), with
+// the line of the second one, when several have it.
 template <class Modalites>
 std::optional<std::size_t> SeuleModalite(const Modalites& modalites, std::string_view nom) {
   const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
-  if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
+  if (rangs.size() > 1)
+    throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()))
+        .Situer({{}, LigneDansLaListe(rangs[1])});
   return rangs.empty() ? std::nullopt : std::optional(rangs.front());
 }
 
@@ -58,13 +62,8 @@ std::string FauteHomonymes(std::string_view nom, const Questions& questions, con
 // The sentence on a question that the .POS has not.
 std::string FauteQuestionAbsente(std::string_view nom);
 
-// Raises FauteHomonymes (kIncompatibiliteType) when two questions share a name, trimmed.
-template <class Questions>
-void ExigerNomsDifferents(const Questions& questions) {
-  std::set<std::string_view> vus;
-  for (const auto& question : questions)
-    if (!vus.insert(Rogner(question.nom)).second)
-      throw Erreur(kIncompatibiliteType, FauteHomonymes(question.nom, questions, RangsDuNom(questions, question.nom)));
-}
+// Raises FauteHomonymes (kIncompatibiliteType), with the place of the second one, when two questions share a name,
+// trimmed.
+void ExigerNomsDifferents(const FichierPos& pos);
 
 }  // namespace quelvar

@@ -14,8 +14,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::int64_t kLigneDesParametres = 2;  // of a .MOD
-
 enum class Parametre { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, De, Cdg };
 
 // The order matters: the first code that occurs anywhere in the key wins.

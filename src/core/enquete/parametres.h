@@ -14,6 +14,8 @@
 
 namespace quelvar {
 
+inline constexpr std::int64_t kLigneDesParametres = 2;  // of a .MOD
+
 struct ParametresMod {
   double lignes = 0;             // LIGN=: total number of rows
   double colonnes = 0;           // COL=: total number of columns

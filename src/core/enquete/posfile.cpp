@@ -186,12 +186,15 @@ std::string FauteIntitule(const Question& question) {
   return Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
 }
 
+Lieu LieuDeLaQuestion(const FichierPos& pos, std::size_t indice) { return {pos.nom, LigneDansLaListe(indice)}; }
+
 Erreur ChampImpossible(const FichierPos& pos, std::size_t indice, int premiere) {
-  constexpr int kLigneDeLaPremiere = 3;
   const Question& question = pos.questions.at(indice);
   const int rang = static_cast<int>(indice);
   Erreur erreur(kArgumentIncorrect, RepereQuestion{premiere + rang, question.nom, question.position, question.codeMax});
-  return erreur.Situer({pos.nom, kLigneDeLaPremiere + rang, kColonneDePosition});
+  Lieu lieu = LieuDeLaQuestion(pos, indice);
+  lieu.colonne = kColonneDePosition;
+  return erreur.Situer(lieu);
 }
 
 }  // namespace quelvar

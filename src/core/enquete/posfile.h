@@ -103,6 +103,9 @@ std::optional<Chemin> ChercherPos(const Chemin& repertoire, std::string_view nom
 std::string FauteIntitule(const Question& question);
 inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
 
+// The line of its file that a question stands in.
+Lieu LieuDeLaQuestion(const FichierPos& pos, std::size_t indice);
+
 // The failure (kArgumentIncorrect) of a question whose field no data line can have: its position, in the file, is no
 // column. `premiere` is the number that the first question of the file has in the lines of the report.
 Erreur ChampImpossible(const FichierPos& pos, std::size_t indice, int premiere = 1);

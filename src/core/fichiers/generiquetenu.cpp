@@ -64,7 +64,8 @@ void EcrireDetenteur(int descripteur, std::string_view ouvrage, const std::vecto
       {std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
   for (const std::string& ligne : recit) texte += ligne + "\r\n";
   // Without these lines the lock holds all the same.
-  if (::ftruncate(descripteur, 0) != 0 || ::pwrite(descripteur, texte.data(), texte.size(), 0) < 0) return;
+  if (appels::RaccourcirOuvert(descripteur, 0) != 0 || appels::EcrireA(descripteur, texte.data(), texte.size(), 0) < 0)
+    return;
 }
 
 std::string PhraseOccupe(std::string_view generique, const Detenteur& detenteur) {
@@ -77,9 +78,9 @@ std::string PhraseOccupe(std::string_view generique, const Detenteur& detenteur)
 }
 
 int Ouvrir(const Chemin& chemin) {
-  constexpr int kToujours = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-  const int descripteur = ::open(chemin.c_str(), O_RDWR | O_CREAT | kToujours, 0666);
-  return descripteur >= 0 ? descripteur : ::open(chemin.c_str(), O_RDONLY | kToujours);
+  constexpr int kToujours = O_NOFOLLOW | O_NONBLOCK;
+  const int descripteur = appels::OuvrirEnEcriture(chemin.c_str(), O_RDWR | O_CREAT | kToujours);
+  return descripteur >= 0 ? descripteur : ::open(chemin.c_str(), O_RDONLY | O_CLOEXEC | kToujours);
 }
 
 bool EstEncoreA(int descripteur, const Chemin& chemin) {
@@ -99,7 +100,7 @@ std::vector<std::string> PrendreLeRecit(const Chemin& verrou) {
     if (lignes.size() < kLignesDuDetenteur) tete += ligne.size() + 2;
     lignes.emplace_back(ligne);
   }
-  if (lignes.size() <= kLignesDuDetenteur || ::truncate(verrou.c_str(), static_cast<off_t>(tete)) != 0) return {};
+  if (lignes.size() <= kLignesDuDetenteur || appels::Raccourcir(verrou.c_str(), tete) != 0) return {};
   lignes.erase(lignes.begin(), lignes.begin() + kLignesDuDetenteur);
   return lignes;
 }

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "core/fichiers/releve.h"
+#include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
 #include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/marque.h"
@@ -24,22 +25,24 @@ void SynchroniserDossier(const Chemin& dossier) {
   ::close(descripteur);
 }
 
-// Bytes behind the last one of a file, all of them or none. Raises kAccesFichier when it is no longer as long as it
-// was.
-void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
-  const int descripteur = ::open(e.cible.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
-  appels::Exiger(descripteur < 0 ? -1 : 0);
+// Opens a file for bytes behind its last one. Raises kAccesFichier when it is no longer as long as it was.
+int OuvrirALaFin(const EntreeDeReleve& e) {
+  const int descripteur = appels::OuvrirEnEcriture(e.cible.c_str(), O_WRONLY | O_APPEND);
+  if (descripteur < 0) LeverErrno(e.cible, errno);
+  if (static_cast<std::uint64_t>(::lseek(descripteur, 0, SEEK_END)) == e.ancienne) return descripteur;
+  ::close(descripteur);
+  throw EchecDuFichier(e.cible, kAccesFichier);
+}
+
+// Writes what the entry adds, and closes the file. A failure may leave a part of it.
+void EcrireALaFin(int descripteur, const EntreeDeReleve& e, std::string_view octets) {
   int numero = 0;
-  if (static_cast<std::uint64_t>(::lseek(descripteur, 0, SEEK_END)) != e.ancienne) numero = kAccesFichier;
   for (std::string_view reste = octets; numero == 0 && !reste.empty();) {
     const ssize_t ecrits = appels::Ecrire(descripteur, reste.data(), reste.size());
     if (ecrits <= 0) numero = ecrits < 0 ? NumeroDErrno(errno) : static_cast<int>(kDisquePlein);
     else reste.remove_prefix(static_cast<std::size_t>(ecrits));
   }
   if (numero == 0 && e.nature == Nature::Unique && appels::Synchroniser(descripteur) != 0) numero = NumeroDErrno(errno);
-  // What stands behind the former end is of this write alone; the next program of the generic tries again.
-  if (numero != 0 && numero != kAccesFichier && ::ftruncate(descripteur, static_cast<off_t>(e.ancienne)) != 0)
-    numero = NumeroDErrno(errno);
   ::close(descripteur);
   if (numero != 0) throw EchecDuFichier(e.cible, numero);
 }
@@ -121,16 +124,16 @@ void JeuDeFichiers::Tenir() {
   }
 }
 
-void JeuDeFichiers::Poser(std::size_t rang) {
-  const EntreeDeReleve& e = entrees_[rang];
-  switch (e.genre) {
-    case GenreDEntree::Nouveau:
-      return appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
-    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Efface:
-      return appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Allonge: return AllongerFichier(e, ajouts_[rang].octets);
+void JeuDeFichiers::Poser(std::size_t& poses) {
+  const EntreeDeReleve& e = entrees_[poses];
+  if (e.genre == GenreDEntree::Allonge) {
+    const int descripteur = OuvrirALaFin(e);
+    const std::string& octets = ajouts_[poses].octets;
+    ++poses;  // from its first byte on
+    return EcrireALaFin(descripteur, e, octets);
   }
+  PoserFichier(e);
+  ++poses;
 }
 
 void JeuDeFichiers::Defaire(std::size_t rang) {
@@ -140,21 +143,23 @@ void JeuDeFichiers::Defaire(std::size_t rang) {
     case GenreDEntree::Efface: {
       const bool nouveau = e.genre == GenreDEntree::Nouveau;
       const Chemin& de = nouveau ? e.cible : e.provisoire;
-      return appels::Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
+      const Chemin& vers = nouveau ? e.provisoire : e.cible;
+      return appels::Exiger(appels::RenommerSansRemplacer(de.c_str(), vers.c_str()), e.cible);
     }
-    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Allonge: return appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
+    case GenreDEntree::Remplace:
+      return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()), e.cible);
+    case GenreDEntree::Allonge: return RetirerAjout(e);
   }
 }
 
 void JeuDeFichiers::PoserTout() {
   std::size_t poses = 0;
   try {
-    for (; poses < entrees_.size(); ++poses) Poser(poses);
+    while (poses < entrees_.size()) Poser(poses);
   } catch (const Erreur&) {
     try {
       while (poses > 0) Defaire(--poses);
-      appels::Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
+      EffacerReleve(repertoire_, generique_);
     } catch (const Erreur&) {
       // The next program of the generic finds scratch files and record, and ends it.
       for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
@@ -188,8 +193,8 @@ void JeuDeFichiers::Valider() {
   try {
     for (const EntreeDeReleve& e : entrees_)
       if (e.genre == GenreDEntree::Remplace || e.genre == GenreDEntree::Efface)
-        appels::Exiger(appels::Effacer(e.provisoire.c_str()));
-    appels::Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
+        appels::Exiger(appels::Effacer(e.provisoire.c_str()), e.cible);
+    EffacerReleve(repertoire_, generique_);
   } catch (const Erreur&) {  // the next program of the generic removes what is left
   }
 }

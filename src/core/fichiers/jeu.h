@@ -53,7 +53,8 @@ class JeuDeFichiers {
   void OublierInchangees();
   void Tenir();
   void TenirAjouts();
-  void Poser(std::size_t rang);
+  // Puts the next output in place and counts it as soon as there is something to undo.
+  void Poser(std::size_t& poses);
   void Defaire(std::size_t rang);
   void PoserTout();
 

@@ -143,6 +143,19 @@ void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser)
   fichier.Placer();
 }
 
+void EffacerReleve(const Chemin& repertoire, std::string_view generique) {
+  const Chemin chemin = CheminDeReleve(repertoire, generique);
+  appels::Exiger(appels::Effacer(chemin.c_str()), chemin);
+}
+
+void RetirerAjout(const EntreeDeReleve& entree) {
+  const Chemin& cible = entree.cible;
+  if (!appels::Existe(cible.c_str())) return;
+  const std::uintmax_t longueur = LongueurFichier(cible);
+  if (longueur > entree.ancienne && longueur <= entree.taille)
+    appels::Exiger(appels::Raccourcir(cible.c_str(), entree.ancienne), cible);
+}
+
 bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant) {
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) return false;

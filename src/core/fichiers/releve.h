@@ -41,6 +41,12 @@ std::optional<Releve> LireReleve(const Chemin& chemin);
 // Puts it in place in one rename, on the disk when `synchroniser`. Raises a failure of writing.
 void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser);
 
+// Takes the record of the generic away. Raises a failure of writing.
+void EffacerReleve(const Chemin& repertoire, std::string_view generique);
+// Takes away the bytes that an entry has added to its file (Allonge), whole or cut, unless somebody has written behind
+// them. Raises a failure of reading or writing.
+void RetirerAjout(const EntreeDeReleve& entree);
+
 // Takes over node and time of a file; false when it is not there.
 bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant);
 

@@ -44,16 +44,9 @@ bool EstAllonge(const EntreeDeReleve& e) {
   return condense.Valeur() == e.empreinte;
 }
 
-// Takes the bytes away, whole or cut, unless somebody has written behind them.
-void Raccourcir(const EntreeDeReleve& e) {
-  if (!Present(e.cible)) return;
-  const std::uintmax_t longueur = LongueurFichier(e.cible);
-  if (longueur > e.ancienne && longueur <= e.taille) appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
-}
-
 Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
   if (e.genre == GenreDEntree::Allonge) return {.pose = EstAllonge(e)};
-  appels::Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()));
+  appels::Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()), e.cible);
   Avance avance;
   const bool reste = Present(e.provisoire);
   if (e.genre == GenreDEntree::Efface) {
@@ -76,23 +69,13 @@ Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
 
 void EffacerProvisoires(const std::vector<EntreeDeReleve>& entrees) {
   for (const EntreeDeReleve& e : entrees)
-    if (!e.provisoire.empty() && Present(e.provisoire)) appels::Exiger(appels::Effacer(e.provisoire.c_str()));
+    if (!e.provisoire.empty() && Present(e.provisoire)) appels::Exiger(appels::Effacer(e.provisoire.c_str()), e.cible);
 }
 
 void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
   for (std::size_t i = 0; i < entrees.size(); ++i) {
-    const EntreeDeReleve& e = entrees[i];
-    if (avances[i].pose) continue;
-    switch (e.genre) {
-      case GenreDEntree::Nouveau:
-        appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
-        break;
-      case GenreDEntree::Remplace: appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
-      case GenreDEntree::Efface:
-        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
-        break;
-      case GenreDEntree::Allonge: break;  // its bytes are nowhere else: only a whole one is finished
-    }
+    // The bytes that lengthen a file are nowhere else: only a whole one is finished.
+    if (!avances[i].pose) PoserFichier(entrees[i]);
   }
   EffacerProvisoires(entrees);
 }
@@ -100,16 +83,16 @@ void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>
 void Annuler(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
   for (std::size_t i = entrees.size(); i-- > 0;) {
     const EntreeDeReleve& e = entrees[i];
-    if (e.genre == GenreDEntree::Allonge) Raccourcir(e);
+    if (e.genre == GenreDEntree::Allonge) RetirerAjout(e);
     if (!avances[i].pose || e.genre == GenreDEntree::Allonge) continue;
     if (e.genre == GenreDEntree::Nouveau) {
       // A file that another program has put there meanwhile is not ours to remove.
       if (Present(e.cible) && (!avances[i].entier || Est(e.cible, e)))
-        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()), e.cible);
     } else if (e.genre == GenreDEntree::Remplace) {
-      appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+      appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()), e.cible);
     } else if (avances[i].ancien && !Present(e.cible)) {
-      appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+      appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()), e.cible);
     }
   }
   EffacerProvisoires(entrees);
@@ -135,13 +118,26 @@ void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>
 
 }  // namespace
 
+void PoserFichier(const EntreeDeReleve& entree) {
+  const Chemin& cible = entree.cible;
+  const Chemin& provisoire = entree.provisoire;
+  switch (entree.genre) {
+    case GenreDEntree::Nouveau:
+      return appels::Exiger(appels::RenommerSansRemplacer(provisoire.c_str(), cible.c_str()), cible);
+    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(cible.c_str(), provisoire.c_str()), cible);
+    case GenreDEntree::Efface:
+      return appels::Exiger(appels::RenommerSansRemplacer(cible.c_str(), provisoire.c_str()), cible);
+    case GenreDEntree::Allonge: break;
+  }
+}
+
 std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::string_view generique) {
   const Chemin chemin = CheminDeReleve(repertoire, generique);
   if (!Present(chemin)) return {};
   const SansSignaux sansSignaux;
   const std::optional<Releve> releve = LireReleve(chemin);
   if (!releve) {  // a record that is not whole was never relied upon
-    appels::Exiger(appels::Effacer(chemin.c_str()));
+    EffacerReleve(repertoire, generique);
     return {};
   }
   const bool memeAmorce = !releve->amorce.empty() && releve->amorce == AmorceDuSysteme();
@@ -161,7 +157,7 @@ std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::strin
   if (finie) Finir(entrees, avances);
   else Annuler(entrees, avances);
   if (!finie || !toutPose) Raconter(recit, entrees, finie);
-  appels::Exiger(appels::Effacer(chemin.c_str()));
+  EffacerReleve(repertoire, generique);
   return recit;
 }
 

@@ -33,7 +33,7 @@ void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taill
 
 void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size_t taille) {
   for (const char* suite = static_cast<const char*>(octets); taille > 0;) {
-    const ssize_t ecrits = ::pwrite(descripteur_, suite, taille, static_cast<off_t>(place));
+    const ssize_t ecrits = appels::EcrireA(descripteur_, suite, taille, place);
     if (ecrits < 0 && errno == EINTR) continue;
     if (ecrits < 0) LeverErrno(voisin_, errno);
     suite += ecrits;

@@ -37,12 +37,14 @@ int PlafondApres(Rapport& rapport, const Contexte& contexte, const Question& que
 
 // Settles the ceiling, question after question, up to the one that is too many: each answer decides what the next
 // question is compared with.
-int ConvenirDuPlafond(Rapport& rapport, const Contexte& contexte, const std::vector<Question>& questions) {
+int ConvenirDuPlafond(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
+  const std::vector<Question>& questions = pos.questions;
   int plafond = kPlafondInitial;
   for (std::size_t i = 0; i < questions.size(); ++i) {
     if (i == kQuestionsACroiser) {
       ImprimerTropDeQuestions(rapport, kQuestionsACroiser);
-      throw Erreur(kArretAnnonce);
+      throw Erreur(
+          FauteSituee{Joindre({"plus de ", Nombre(kQuestionsACroiser), " questions"}), LieuDeLaQuestion(pos, i)});
     }
     if (questions[i].codeMax > plafond) plafond = PlafondApres(rapport, contexte, questions[i], plafond);
   }
@@ -63,7 +65,7 @@ EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::
   const std::int64_t individus = AnnoncesOuComptes(pos.taille, *fichiers.donnees);
   const bool annonces = pos.taille.individus > 0;
   if (annonces) rapport.Ligne(LigneDesIndividus(individus));
-  const int plafond = ConvenirDuPlafond(rapport, contexte, pos.questions);
+  const int plafond = ConvenirDuPlafond(rapport, contexte, pos);
   ImprimerNombreDeQuestions(rapport, pos.questions.size());
   if (!annonces) rapport.Ligne(LigneDesIndividus(individus));
   return LireEnquete(contexte, *fichiers.donnees, pos, individus, plafond);

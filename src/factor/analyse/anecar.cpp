@@ -23,7 +23,6 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::string_view kTravail = "$$AEI.TIS";  // supplementary rows, while the run lasts
-constexpr std::int64_t kLigneDesParametres = 2;     // of the .MOD
 constexpr int kBurtEnListes = 50;                   // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.

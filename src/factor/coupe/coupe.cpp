@@ -109,7 +109,7 @@ std::string NomDeLaVariable(const FichierPos& pos) {
   const auto prise = [&](std::string_view nom) { return !RangsDuNom(pos.questions, nom).empty(); };
   std::string nom = "AGR";
   for (std::size_t i = 0; prise(nom) && i < kSuitesDeNom.size(); ++i) nom = Joindre({"AG", kSuitesDeNom.substr(i, 1)});
-  if (prise(nom)) throw Erreur(kIndiceHorsSelection);
+  if (prise(nom)) throw Erreur(kIndiceHorsSelection).Situer({.fichier = pos.nom});
   return nom;
 }
 

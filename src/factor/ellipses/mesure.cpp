@@ -22,9 +22,11 @@ namespace {
   throw Erreur(kIncompatibiliteType, std::move(phrase)).Situer(lieu);
 }
 
-std::size_t NombreDeclare(double valeur) {
-  const std::int64_t nombre = Entier64(valeur);
-  if (nombre < 0) throw Erreur(kIndiceHorsSelection);
+// A number of line 2 of the .MOD.
+std::size_t NombreDeclare(const Contexte& contexte, double valeur) {
+  const auto ou = [&] { return Lieu{contexte.Nom(".MOD"), kLigneDesParametres}; };
+  const std::int64_t nombre = Situer(ou, [&] { return Entier64(valeur); });
+  if (nombre < 0) throw Erreur(kIndiceHorsSelection).Situer(ou());
   return static_cast<std::size_t>(nombre);
 }
 
@@ -34,7 +36,7 @@ std::vector<Position> PointsDesIndividus(const Contexte& contexte, const Demande
   const auto h = static_cast<std::size_t>(demande.horizontal.facteur);
   const auto v = static_cast<std::size_t>(demande.vertical.facteur);
   const Matrice lignes = LirePoints(contexte.Exiger(".FI2"), std::max(h, v)).coordonnees;
-  if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee);
+  if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee).Situer({.fichier = contexte.Nom(".FI2")});
   codageLogique = lignes.Colonnes() == individus;
   std::vector<Position> points;
   points.reserve(individus);
@@ -49,10 +51,10 @@ std::vector<Position> PointsDesIndividus(const Contexte& contexte, const Demande
 std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const ParametresMod& parametres,
                                          bool codageLogique) {
   if (!codageLogique)
-    return LignesDIndividus{contexte.Exiger(".BRT"), NombreDeclare(parametres.colonnes),
-                            static_cast<std::size_t>(parametres.largeur), NombreDeclare(parametres.colonnes)};
+    return LignesDIndividus{contexte.Exiger(".BRT"), NombreDeclare(contexte, parametres.colonnes),
+                            static_cast<std::size_t>(parametres.largeur), NombreDeclare(contexte, parametres.colonnes)};
   const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
-  if (cdg) return LignesDIndividus{*cdg, 0, 1, NombreDeclare(parametres.colonnes)};
+  if (cdg) return LignesDIndividus{*cdg, 0, 1, NombreDeclare(contexte, parametres.colonnes)};
   return std::nullopt;
 }
 
@@ -155,10 +157,11 @@ std::vector<Nuage> LireLesNuages(const Contexte& contexte, const DemandeEllipses
   const ParametresMod parametres = LireTableau(contexte, mod, bilan);
   const std::size_t facteurs = LireValeursPropres(contexte.Exiger(analyse)).size();
   for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
-    if (facteur < 1 || static_cast<std::size_t>(facteur) > facteurs) throw Erreur(kIndiceHorsSelection);
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > facteurs)
+      throw Erreur(kIndiceHorsSelection).Situer({.fichier = contexte.Nom(analyse)});
   bool codageLogique = false;
   const std::vector<Position> points =
-      PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
+      PointsDesIndividus(contexte, demande, NombreDeclare(contexte, parametres.lignesSup), codageLogique);
   const std::optional<LignesDIndividus> lignes = LignesDe(contexte, parametres, codageLogique);
   if (!lignes) {
     bilan.avis.emplace_back("Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);

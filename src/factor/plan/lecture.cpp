@@ -46,12 +46,20 @@ std::size_t DeclarerLignes(const ParametresMod& parametres, const ElementsFactor
   return premiere;
 }
 
-void PlacerElement(DonneesPlan& donnees, std::size_t element, const ElementsFactoriels& lus, std::size_t ligne) {
+// Raises kDepassementCapacite, with the place in `fichier`, for figures that no plane has.
+void PlacerElement(DonneesPlan& donnees, std::size_t element, const ElementsFactoriels& lus, std::size_t ligne,
+                   const Chemin& fichier) {
   donnees.points[element].place = true;
-  for (std::size_t f = 0; f < donnees.facteurs; ++f) {
-    donnees.coordonnees(f, element) = static_cast<double>(Simple(lus.coordonnees(f, ligne)));
-    donnees.cpf(f, element) = Entier16(lus.cpf(f, ligne));
-  }
+  Situer(
+      [&] {
+        return Lieu{TexteDe(fichier.filename()), lus.places[ligne]};
+      },
+      [&] {
+        for (std::size_t f = 0; f < donnees.facteurs; ++f) {
+          donnees.coordonnees(f, element) = static_cast<double>(Simple(lus.coordonnees(f, ligne)));
+          donnees.cpf(f, element) = Entier16(lus.cpf(f, ligne));
+        }
+      });
 }
 
 // The power of ten between the coordinates of the plane and those with four decimals; nothing when they are of two
@@ -128,13 +136,14 @@ ArretDeLecture PlacerElements(const Contexte& contexte, const ParametresMod& par
             {Joindre({"le nom \"", Rogner(faj.noms[places.size()]), "\" n'est pas dans ", contexte.Nom(".MOD")}),
              {debut.fichier, faj.places[places.size()]}}};
   ElementsFactoriels fai;
-  if (const std::optional<Chemin> lignes = contexte.Chercher(".FAI"); lignes && donnees.burt <= 1)
-    fai = LireFai(*lignes, donnees.facteurs);
+  const std::optional<Chemin> lignes = contexte.Chercher(".FAI");
+  if (lignes && donnees.burt <= 1) fai = LireFai(*lignes, donnees.facteurs);
   const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
   donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
   donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());
-  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, places[i], faj, i);
-  for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
+  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, places[i], faj, i, chemin);
+  for (std::size_t i = premiere; i < fai.Nombre(); ++i)
+    PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i, *lignes);
   return {};
 }
 

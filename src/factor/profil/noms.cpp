@@ -56,6 +56,8 @@ CodesDesModalites TrouverCodes(const std::vector<Modalite>& modalites, const Fic
     CodeDeModalite& code = trouves.codes.emplace_back();
     const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, code);
     precedente = faute == FauteDeNom::Aucune ? std::optional(code) : std::nullopt;
+    if (faute != FauteDeNom::Aucune && trouves.fautes.empty())
+      trouves.ou.ligne = LigneDansLaListe(trouves.codes.size() - 1);
     switch (faute) {
       case FauteDeNom::Aucune: break;
       case FauteDeNom::Inconnue:
@@ -77,6 +79,7 @@ CodesDesModalites TrouverCodes(const std::vector<Modalite>& modalites, const Fic
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
     if (rangs.size() < 2) continue;
     trouves.homonymes = FauteHomonymes(nom, pos.questions, rangs);
+    trouves.ou = LieuDeLaQuestion(pos, rangs[1]);
     break;
   }
   return trouves;

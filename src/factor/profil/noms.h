@@ -8,6 +8,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::factor {
 
@@ -23,6 +24,7 @@ struct CodesDesModalites {
   std::vector<CodeDeModalite> codes;  // of each modality, whole without faults
   std::vector<std::string> fautes;    // lines on the names that stand for no code
   std::string homonymes = {};         // why the search was given up: two questions have one name
+  Lieu ou = {};                       // of them in the .POS, or of the first fault in the .MOD, without its name
 };
 CodesDesModalites TrouverCodes(const std::vector<Modalite>& modalites, const FichierPos& pos);
 

@@ -39,16 +39,19 @@ void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const FichiersDePr
 }
 
 // Tells the names that are not what they should be, and stops for any.
-void ArreterSurLesNoms(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& fautes) {
+void ArreterSurLesNoms(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& fautes,
+                       const Lieu& premiere = {}) {
   if (fautes.empty()) return;
   rapport.Lignes(fautes);
-  AvertirEtArreter(rapport, ecran, "Arrêt : nom de modalité non trouvé"_w);
+  Avertir(rapport, ecran, "Arrêt : nom de modalité non trouvé"_w);
+  throw Erreur(FauteSituee{fautes.front(), premiere});
 }
 
-void ArreterSurLesCodes(Rapport& rapport, const Dialogue& ecran, const CodesDesModalites& codes) {
-  if (codes.homonymes.empty()) return ArreterSurLesNoms(rapport, ecran, codes.fautes);
+void ArreterSurLesCodes(Rapport& rapport, const Contexte& contexte, const CodesDesModalites& codes) {
+  if (codes.homonymes.empty())
+    return ArreterSurLesNoms(rapport, contexte.Ecran(), codes.fautes, {contexte.Nom(".MOD"), codes.ou.ligne});
   rapport.Lignes(codes.fautes);
-  throw Erreur(kIncompatibiliteType, codes.homonymes);
+  throw Erreur(kIncompatibiliteType, codes.homonymes).Situer(codes.ou);
 }
 
 // What the counts of the Burt table have to tell.
@@ -96,7 +99,7 @@ ComptesDeProfil CompterEtDire(Rapport& rapport, const Contexte& contexte, const 
     return comptes;
   }
   const CodesDesModalites codes = TrouverCodes(mod.modalites, *pos);
-  ArreterSurLesCodes(rapport, contexte.Ecran(), codes);
+  ArreterSurLesCodes(rapport, contexte, codes);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes.codes, choisies, contexte.Ecran());
   ConstatsDesDonnees(contexte, comptes, pos->taille.individus).Dire(rapport, contexte.Ecran());
   return comptes;
@@ -214,10 +217,8 @@ Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
 EtatProfil ChargerProfil(const Contexte& contexte) {
   EtatProfil etat;
   try {
-    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-    if (!chemin) throw Erreur(kFichierIntrouvable);
-    const ListeModalites liste =
-        Situer([&] { return Lieu{.fichier = contexte.Nom(".MOD")}; }, [&] { return LireListeModalites(*chemin); });
+    const ListeModalites liste = Situer([&] { return Lieu{.fichier = contexte.Nom(".MOD")}; },
+                                        [&] { return LireListeModalites(contexte.Exiger(".MOD")); });
     if (Rogner(liste.parametres).empty())
       etat.message = {std::string(kTitreAttention),
                       std::string("La 2e ligne du fichier *.MOD (paramètres) est vide, il faut lancer une analyse "

@@ -12,7 +12,8 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
   for (const Statut statut : {Statut::Actif, Statut::Supplementaire}) {
     for (const std::size_t rang : choix.Rangs(statut)) {
       const Question& question = pos.questions[rang];
-      if (question.codeMax < 0 || question.codeMax > kDernierCodeNomme) throw Erreur(kIndiceHorsSelection);
+      if (question.codeMax < 0 || question.codeMax > kDernierCodeNomme)
+        throw Erreur(kIndiceHorsSelection).Situer(LieuDeLaQuestion(pos, rang));
       plan.questions.push_back({rang, static_cast<std::uint32_t>(plan.modalites.size()), question.codeMax});
       for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code)
         plan.modalites.push_back({NomDeModalite(question.nom, code),

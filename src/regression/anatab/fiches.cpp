@@ -119,7 +119,7 @@ void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dial
     if (y == '1') ++individus.oui;
     individus.fiche.push_back(individus.fiches.Ranger(fiche));
     const std::int64_t rang = individus.Nombre();
-    if (reponses != questions) individus.fautifs.Noter(rang, kFautifsCites);
+    if (reponses != questions) individus.fautifs.Noter(rang, kFautifsCites, lecteur.Lignes().Ou());
     if (rang % kPasDAffichage == 0) ecran.montrerIteration(Joindre({"Lecture individus : ", Nombre(rang)}));
   }
 }

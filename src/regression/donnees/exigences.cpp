@@ -51,7 +51,7 @@ void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
   rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), kLargeurDeRang, 0)});
   if (fautifs.nombre > kFautifsDits)
     rapport.Ligne({"    Seuls les ", Nombre(kFautifsDits), " premiers sont indiqués"_w});
-  throw Erreur(kArretAnnonce);
+  throw Erreur(FauteSituee{Joindre({"l'individu ", Nombre(fautifs.rangs.front()), " ", manque}), fautifs.premier});
 }
 
 }  // namespace quelvar::regression

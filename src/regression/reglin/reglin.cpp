@@ -130,7 +130,7 @@ LectureDesMoments LireMoments(const Chemin& donnees, const VariablesDeRegression
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     progression.Avancer();
     ++rang;
-    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsDits);
+    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsDits, lecteur.Ou());
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
     if (!Situer(lecteur, [&] { return LireValeurs(ligne, variables, valeurs); }))
@@ -206,7 +206,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   const std::string nomDuMod = TexteDe(fichiers.mod->filename());
   const ParametresMod parametres = LireParametres(mod.parametres, nomDuMod);
   ExigerFormat(rapport, parametres, nomDuMod);
-  if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
+  if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect).Situer({nomDuMod, kLigneDesParametres});
   const bool autreTable = parametres.de == kTableNommee;
   const Chemin donnees = autreTable ? TableNommee(contexte, rapport, parametres.mod) : *fichiers.donnees;
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));

@@ -25,16 +25,19 @@ namespace {
 constexpr std::size_t kQuestionsDInteretMax = 1000;
 
 void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
-  bool fautifs = false;
-  for (const Question& question : pos.questions) {
+  std::optional<std::size_t> premier;
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    const Question& question = pos.questions[i];
     if (question.codeMax <= kCodeMaxDeProfil) continue;
-    fautifs = true;
+    if (!premier) premier = i;
     rapport.Ligne({"Code-max >20 à la question "_w, question.nom});
     rapport.Ligne("Les valeurs sup à 20 sont mises à zéro"_w);
   }
-  if (!fautifs) return;
+  if (!premier) return;
   rapport.Ligne("Arrêt du programme du aux erreurs de Code-max>20"_w);
-  AvertirEtArreter(rapport, contexte.Ecran(), "Arrêt pour correction"_w);
+  Avertir(rapport, contexte.Ecran(), "Arrêt pour correction"_w);
+  throw Erreur(FauteSituee{Joindre({"Code-max >20 à la question "_w, pos.questions[*premier].nom}),
+                           LieuDeLaQuestion(pos, *premier)});
 }
 
 // Ranks of the questions of interest. A name that no question bears, or that several share, stops the run.
@@ -44,12 +47,8 @@ std::vector<std::size_t> Choisir(const Contexte& contexte, Rapport& rapport, con
     AvertirEtArreter(rapport, contexte.Ecran(), refus);
   std::vector<std::size_t> choisies;
   for (const std::string& nom : options.questions) {
-    const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
-    if (rangs.empty())
-      AvertirEtArreter(rapport, contexte.Ecran(),
-                       Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
-    if (rangs.size() > 1) AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
-    if (std::find(choisies.begin(), choisies.end(), rangs[0]) == choisies.end()) choisies.push_back(rangs[0]);
+    const std::size_t rang = ExigerQuestion(rapport, contexte.Ecran(), pos, nom);
+    if (std::find(choisies.begin(), choisies.end(), rang) == choisies.end()) choisies.push_back(rang);
   }
   return choisies;
 }

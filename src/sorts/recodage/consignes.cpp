@@ -32,8 +32,11 @@ class LecteurDeConsignes {
   void VerifierRegles();
 
  private:
-  void Avertir(Texte texte);
-  void ExigerIntitule(const Question& question);
+  // `suite`: what the line behind it tells.
+  void Avertir(Texte texte, Lieu ou, std::string_view suite = {});
+  Lieu LigneDeux() const { return {consignes_.pos.nom, 2}; }  // weighting and filter
+  Lieu LieuDe(std::size_t question) const { return LieuDeLaQuestion(consignes_.pos, question); }
+  void ExigerIntitule(std::size_t rang);
   void AnnoncerAlphabetique(const Question& question);
   void LireVit(const Vit& vit, std::size_t numero);
   void LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee);
@@ -49,10 +52,10 @@ class LecteurDeConsignes {
   ConsignesTaille taille_;
 };
 
-void LecteurDeConsignes::Avertir(Texte texte) {
+void LecteurDeConsignes::Avertir(Texte texte, Lieu ou, std::string_view suite) {
   constats_.Ligne();
   constats_.Alerte(Joindre({kFaute, texte}));
-  ++lues_.fautes;
+  lues_.fautes.Compter(Joindre({texte.Vue(), suite}), std::move(ou));
 }
 
 void LecteurDeConsignes::DireMode() {
@@ -76,19 +79,20 @@ void LecteurDeConsignes::LireFichier(const Chemin& chemin, std::string_view nom)
   constats_.Ligne(consignes_.pos.taille.texte);
   constats_.Ligne();
   if (consignes_.pos.taille.parenthesesFautives) {
-    constats_.Boite(MessageParentheses());
+    constats_.Boite(MessageParentheses());  // which names the line
     throw Erreur(kArretAnnonce);
   }
   taille_ = LireConsignesTaille(consignes_.pos.taille.texte);
-  if (taille_.deuxSens) Avertir("Inclure et exclure presents en meme temps");
+  if (taille_.deuxSens) Avertir("Inclure et exclure presents en meme temps", LigneDeux());
   consignes_.maximum = taille_.maximum;
 }
 
-void LecteurDeConsignes::ExigerIntitule(const Question& question) {
+void LecteurDeConsignes::ExigerIntitule(std::size_t rang) {
+  const Question& question = consignes_.pos.questions[rang];
   if (!question.intituleOuvert) return;
   const std::string faute = FauteIntitule(question);
   constats_.Boite(Joindre({faute, kCorrigezRelancez}));
-  Avertir(faute);
+  Avertir(faute, LieuDe(rang));
 }
 
 void LecteurDeConsignes::AnnoncerAlphabetique(const Question& question) {
@@ -102,11 +106,12 @@ void LecteurDeConsignes::LireQuestions() {
   for (std::size_t i = 0; i < questions.size(); ++i) {
     const Question& question = questions[i];
     if (i == kQuestionsARecoder) {
-      Avertir("Plus de questions que le maximum possible");
+      constexpr std::string_view kTropDeQuestions = "Plus de questions que le maximum possible";
+      Avertir(kTropDeQuestions, LieuDe(i));
       constats_.Ligne("Arret pour trop de questions");
-      throw Erreur(kArretAnnonce);
+      throw Erreur(FauteSituee{std::string(kTropDeQuestions), LieuDe(i)});
     }
-    ExigerIntitule(question);
+    ExigerIntitule(i);
     if (question.alphabetique) {
       AnnoncerAlphabetique(question);
       continue;
@@ -123,7 +128,7 @@ void LecteurDeConsignes::LireQuestions() {
 // The question found, if there is one; a name that several share is a fault.
 Indice LecteurDeConsignes::Seule(std::string_view nom, const std::vector<std::size_t>& rangs) {
   if (rangs.empty()) return std::nullopt;
-  if (rangs.size() > 1) Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs));
+  if (rangs.size() > 1) Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs), LieuDe(rangs[1]));
   return rangs.front();
 }
 
@@ -152,7 +157,7 @@ void LecteurDeConsignes::LireVits() {
   const BlocVit bloc = LireBlocVit(consignes_.pos);
   for (std::size_t i = 0; i < bloc.vits.size(); ++i) LireVit(bloc.vits[i], i + 1);
   for (const Vit& vit : bloc.vits)
-    if (vit.PlusOublie()) Avertir("oubli de signe + ");
+    if (const ElementVit* const element = vit.PlusOublie()) Avertir("oubli de signe + ", element->ou);
 }
 
 void LecteurDeConsignes::LireVit(const Vit& vit, std::size_t numero) {
@@ -165,16 +170,16 @@ void LecteurDeConsignes::LireVit(const Vit& vit, std::size_t numero) {
 void LecteurDeConsignes::LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee) {
   constats_.Ligne({"    ", element.ligne});
   if (element.sansCode) {
-    Avertir(Joindre({"un élément de la nouvelle variable "_w, vit.nom}));
+    Avertir(Joindre({"un élément de la nouvelle variable "_w, vit.nom}), element.ou, " n'a pas de valeur définie"_w);
     constats_.Ligne("n'a pas de valeur définie à la ligne ci-dessous"_w);
     constats_.Ligne(element.ligne);
   }
   const Indice question = Seule(element.nom, RangsDuNom(consignes_.pos.questions, element.nom));
   if (!question) {
-    Avertir(Joindre({"Nom de l'element VIT non trouve =", element.nom}));
+    Avertir(Joindre({"Nom de l'element VIT non trouve =", element.nom}), element.ou);
     return;
   }
-  if (!EstGardee(*question)) Avertir("un element de VIT n'est pas conserve");
+  if (!EstGardee(*question)) Avertir("un element de VIT n'est pas conserve", element.ou);
   demandee.elements.push_back({*question, element.code, element.score});
 }
 
@@ -188,7 +193,7 @@ void LecteurDeConsignes::LireElementsFiltre() {
   consignes_.sens = taille_.sens;
   const ExpressionFiltre filtre = LireFiltre(taille_.filtre);
   if (filtre.sansBlanc) {
-    Avertir("expression vide dans le filtre");
+    Avertir("expression vide dans le filtre", LigneDeux());
     return;
   }
   constats_.Ligne("Element(s) du filtre");
@@ -215,28 +220,29 @@ std::vector<std::size_t> LecteurDeConsignes::QuestionsDuFiltre(const std::string
 
 void LecteurDeConsignes::LireElementFiltre(const ElementFiltre& element) {
   if (element.vide) {
-    Avertir("Expression vide dans le filtre");
+    Avertir("Expression vide dans le filtre", LigneDeux());
     return;
   }
   if (!element.egal) {
-    Avertir("STOP : defaut de signe egal dans le filtre");
+    Avertir("STOP : defaut de signe egal dans le filtre", LigneDeux());
     return;
   }
   const std::string nom = Majuscules(element.nom);
   if (nom != element.nom) constats_.Ligne("Le filtre a été converti en majuscules"_w);
   if (!SontChiffres(element.code)) {
     Avertir(
-        Joindre({"STOP : le code '", element.code, "' de l'élément du filtre "_w, nom, " n'est pas un nombre entier"}));
+        Joindre({"STOP : le code '", element.code, "' de l'élément du filtre "_w, nom, " n'est pas un nombre entier"}),
+        LigneDeux());
     return;
   }
   const int code = Entier16(ValeurDe(element.code));
   constats_.Ligne({nom, NombreNu(code)});
   const Indice question = Seule(nom, QuestionsDuFiltre(element.nom, nom));
   if (!question) {
-    Avertir(Joindre({"STOP : Nom de l'élément du filtre non trouvé ="_w, nom}));
+    Avertir(Joindre({"STOP : Nom de l'élément du filtre non trouvé ="_w, nom}), LigneDeux());
     return;
   }
-  if (!EstGardee(*question)) Avertir("STOP : un élément du filtre n'est pas conservé"_w);
+  if (!EstGardee(*question)) Avertir("STOP : un élément du filtre n'est pas conservé"_w, LigneDeux());
   consignes_.filtre.push_back({*question, code});
 }
 
@@ -252,8 +258,9 @@ void LecteurDeConsignes::VerifierRegles() {
   for (QuestionARegle& aRegle : consignes_.aRegle) {
     const Question& question = questions[aRegle.question];
     aRegle.verifiee = VerifierRegle(LireRegle(aRegle.regle), {question.codeMax, codeMaxFichier}, UsageRegle::Moteur);
-    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) Avertir(TexteFaute(faute, question.nom));
-    if (aRegle.verifiee.arret) throw Erreur(kArretAnnonce);
+    const Lieu ou = LieuDe(aRegle.question);
+    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) Avertir(TexteFaute(faute, question.nom), ou);
+    if (aRegle.verifiee.arret) throw Erreur(FauteSituee{TexteFaute(aRegle.verifiee.fautes.back(), question.nom), ou});
   }
 }
 

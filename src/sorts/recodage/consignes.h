@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/enquete/posfile.h"
+#include "core/panne/erreur.h"
 #include "core/programme/constats.h"
 #include "core/programme/programme.h"
 #include "sorts/recodage/recodage.h"
@@ -57,15 +59,26 @@ inline constexpr std::size_t kQuestionsARecoder = 600;  // twice what a crossing
 // Columns of an alphabetic question: its code-max, 3 for "L3".
 constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == kCodeMaxL3 ? 3 : codeMax > 0 ? codeMax : 0; }
 
+// Faults told in the report: how many, and the first of them with its place.
+struct FautesDites {
+  int nombre = 0;
+  FauteSituee premiere = {};
+
+  void Compter(std::string phrase, Lieu ou) {
+    if (++nombre == 1) premiere = {std::move(phrase), std::move(ou)};
+  }
+};
+
 // The instructions, with what the report tells of them up to where the reading came.
 struct LectureDesConsignes {
   Consignes consignes;
   Constats constats;
-  int fautes = 0;               // instructions that have one are not fit for use
+  FautesDites fautes;           // instructions that have one are not fit for use
   std::optional<Erreur> arret;  // what stopped the reading; kArretAnnonce when the last lines tell it
 };
 
-// Reads the .POS, called `nomPos` in the report. `arret` is kArretAnnonce or a failure of LirePos and CompterLignes.
+// Reads the .POS, called `nomPos` in the report. `arret` is kArretAnnonce, with its place, or a failure of LirePos and
+// CompterLignes.
 LectureDesConsignes LireConsignes(const OptionsRecodage& options, const Chemin& pos, std::string_view nomPos,
                                   const Chemin& donnees);
 

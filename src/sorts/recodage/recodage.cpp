@@ -36,21 +36,21 @@ struct NomsDeRecodage {
 // Writes the warnings of the recoding to its report and counts them.
 class Avertisseur {
  public:
-  // `dejaDits`: warnings that the reading has counted.
-  Avertisseur(Rapport& rapport, const Dialogue& ecran, int dejaDits)
-      : rapport_(rapport), ecran_(ecran), nombre_(dejaDits) {}
+  // `dejaDites`: those that the reading has counted.
+  Avertisseur(Rapport& rapport, const Dialogue& ecran, FautesDites dejaDites)
+      : rapport_(rapport), ecran_(ecran), fautes_(std::move(dejaDites)) {}
 
-  void Avertir(Texte texte) {
+  void Avertir(Texte texte, Lieu ou = {}) {
     rapport_.Ligne();
     quelvar::Avertir(rapport_, ecran_, Joindre({kFaute, texte}));
-    ++nombre_;
+    fautes_.Compter(std::string(texte.Vue()), std::move(ou));
   }
-  int Nombre() const { return nombre_; }
+  const FautesDites& Fautes() const { return fautes_; }
 
  private:
   Rapport& rapport_;
   const Dialogue& ecran_;
-  int nombre_;
+  FautesDites fautes_;
 };
 
 // A typed name loses what follows its first point; an empty answer keeps the proposed name. Nothing when the files of
@@ -132,30 +132,32 @@ void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const NomsD
                      " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
     throw Refus();
   }
-  if (!PeutNommerDesFichiers(noms.nouveau)) throw Erreur(kNomFichierIncorrect);
+  if (!PeutNommerDesFichiers(noms.nouveau)) throw Erreur(kNomFichierIncorrect).Situer({.fichier = noms.nouveau});
   for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
     if (!cible) continue;
     LongueurFichier(*cible);  // a directory of that name raises
-    if (EstLeMemeFichier(*cible, donnees)) throw Erreur(kPermissionRefusee);
+    if (EstLeMemeFichier(*cible, donnees)) throw EchecDuFichier(*cible, kPermissionRefusee);
   }
 }
 
 void ArreterSurFautes(const Contexte& contexte, const Avertisseur& avertisseur, Rapport& rapport) {
-  if (avertisseur.Nombre() == 0) return;
+  if (avertisseur.Fautes().nombre == 0) return;
   contexte.Ecran().biper();
   rapport.Ligne("Arrêt du programme dû aux erreurs signalées"_w);
-  Arreter(rapport, Joindre({"Du fait de l'erreur le générique reste "_w, contexte.generique}));
+  Arreter(rapport, Joindre({"Du fait de l'erreur le générique reste "_w, contexte.generique}),
+          avertisseur.Fautes().premiere);
 }
 
 // Tables, then the faults that only they show, then the place of each field.
 PlanDeRecodage DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees,
                            Rapport& rapport, Avertisseur& avertisseur) {
   std::vector<ChampNeuf> champs = CompleterChamps(consignes);
-  for (std::size_t i = 0; i < champs.size(); ++i) {
-    if (champs[i].tropLarge)
+  for (const ChampNeuf& champ : champs) {
+    if (champ.tropLarge)
       avertisseur.Avertir(
-          Joindre({"Nouveau code trop large pour la question : ", consignes.pos.questions[champs[i].question].nom}));
+          Joindre({"Nouveau code trop large pour la question : ", consignes.pos.questions[champ.question].nom}),
+          LieuDeLaQuestion(consignes.pos, champ.question));
   }
   ArreterSurFautes(contexte, avertisseur, rapport);
   std::int64_t longueur = 0;

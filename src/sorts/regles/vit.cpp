@@ -28,8 +28,9 @@ ElementVit LireElement(const std::string& ligne) {
 
 bool Vit::Additive() const { return !elements.empty() && elements.front().additif; }
 
-bool Vit::PlusOublie() const {
-  return std::ranges::any_of(elements, [this](const ElementVit& e) { return e.additif != Additive(); });
+const ElementVit* Vit::PlusOublie() const {
+  const auto autre = std::ranges::find_if(elements, [this](const ElementVit& e) { return e.additif != Additive(); });
+  return autre == elements.end() ? nullptr : &*autre;
 }
 
 BlocVit LireBlocVit(std::span<const std::string> lignes, const Lieu& debut) {
@@ -45,6 +46,7 @@ BlocVit LireBlocVit(std::span<const std::string> lignes, const Lieu& debut) {
     if (marque == std::string::npos) {
       if (bloc.vits.back().elements.size() == kElementsVitMaximum) throw Erreur(kIndiceHorsSelection).Situer(ici());
       bloc.vits.back().elements.push_back(Situer(ici, [&] { return LireElement(ligne); }));
+      bloc.vits.back().elements.back().ou = ici();
       continue;
     }
     const std::string_view nom = RognerDroite(std::string_view(ligne).substr(marque + kMarqueVit.size()));

@@ -20,14 +20,16 @@ struct ElementVit {
   bool additif = false;    // a "+" in columns 8-9: the value of the question counts
   int code = 0;            // the code counted
   std::int32_t score = 1;  // what it counts for
+  Lieu ou = {};            // as far as that of its block is known
 };
 
 struct Vit {
   std::string nom;
   std::vector<ElementVit> elements;
 
-  bool Additive() const;    // its first element has a "+"
-  bool PlusOublie() const;  // some elements have a "+" and some have none
+  bool Additive() const;  // its first element has a "+"
+  // The first element that has a "+" where the one at the head has none, or the other way round; nullptr without one.
+  const ElementVit* PlusOublie() const;
 };
 
 struct BlocVit {

@@ -96,26 +96,28 @@ void PrendreTaille(Rapport& rapport, const Contexte& contexte, const FichiersTri
 
 // Writes each overflow, and stops the run with the first one beyond the limit.
 SignalerDepassement ControleDesDepassements(Rapport& rapport, const Dialogue& dialogue, const FichierPos& pos,
-                                            int limite) {
+                                            const Chemin& donnees, int limite) {
   if (limite <= 0) return nullptr;
-  return [&rapport, &dialogue, &pos, limite, nombre = std::int64_t{0}](std::size_t question, std::int64_t ligne,
-                                                                       int valeur) mutable {
+  return [&rapport, &dialogue, &pos, nom = TexteDe(donnees.filename()), limite, nombre = std::int64_t{0}](
+             std::size_t question, std::int64_t ligne, int valeur) mutable {
     ++nombre;
     Avertir(rapport, dialogue,
             Joindre({"Depassement de code-max a ", pos.questions[question].nom, " Ligne", NombreBlanc(ligne), " Valeur",
                      NombreBlanc(valeur),
                      std::string_view(valeur == kValeurEsperluette ? " (valeur du caractere &)" : "")}));
     if (nombre <= limite) return;
-    AvertirEtArreter(rapport, dialogue, Joindre({"Arret pour nombre de depassement de code-max >", NombreNu(limite)}));
+    AvertirEtArreter(rapport, dialogue,
+                     {Joindre({"Arret pour nombre de depassement de code-max >", NombreNu(limite)}),
+                      {nom, ligne, pos.questions[question].position}});
   };
 }
 
 void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& options, const FichiersTriapl& fichiers,
              Etude& etude) {
   Progression progression(contexte.Ecran(), etude.individus);
-  const Comptage comptage =
-      CompterCodes(*fichiers.donnees, etude.pos, etude.individus,
-                   ControleDesDepassements(rapport, contexte.Ecran(), etude.pos, options.limite), progression);
+  const Comptage comptage = CompterCodes(
+      *fichiers.donnees, etude.pos, etude.individus,
+      ControleDesDepassements(rapport, contexte.Ecran(), etude.pos, *fichiers.donnees, options.limite), progression);
   if (comptage.individus < etude.individus) {
     constexpr std::size_t kBlancsDevantLAlerte = 12;
     rapport.Ligne(Blancs(kBlancsDevantLAlerte));

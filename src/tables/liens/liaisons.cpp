@@ -119,10 +119,10 @@ std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliq
                                   std::size_t colonnes) {
   if (lignes > 0) NumeroDeNoeud(colonnes + lignes);
   std::vector<bool> ensemble(lignes * lignes);  // one flag a pair of rows
-  for (const std::vector<std::size_t>& clique : cliques)
-    for (const std::size_t a : clique) {
-      if (a < 1 || a > lignes) throw Erreur(kIndiceHorsSelection);
-      for (const std::size_t b : clique)
+  for (std::size_t c = 0; c < cliques.size(); ++c)
+    for (const std::size_t a : cliques[c]) {
+      if (a < 1 || a > lignes) throw Erreur(kIndiceHorsSelection).Situer({{}, static_cast<std::int64_t>(c) + 1});
+      for (const std::size_t b : cliques[c])
         if (a < b && b <= lignes) ensemble[(a - 1) * lignes + b - 1] = true;
     }
   std::vector<Lien> liens;

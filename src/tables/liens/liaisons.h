@@ -38,8 +38,8 @@ std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus);
 inline constexpr float kValeurDansUneClique = 100;
 
 // One link of that value for each pair of rows, numbered from 1 to `lignes`, that stand together in one of the cliques;
-// row i is node `colonnes` + i. Raises kIndiceHorsSelection for a row that is not in the table, kDepassementCapacite as
-// above.
+// row i is node `colonnes` + i. Raises kIndiceHorsSelection, with the rank of the clique as a line, for a row that is
+// not in the table, kDepassementCapacite as above.
 std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliques, std::size_t lignes,
                                   std::size_t colonnes);
 

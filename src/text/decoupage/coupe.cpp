@@ -22,6 +22,7 @@ struct LigneRetenue {
   std::uint64_t longueur = 0;  // up to the star
   bool premiere = true;        // it opens a record
   bool etoile = false;         // it closes a record
+  std::int64_t numero = 0;     // in the text
 };
 
 // Appends the text with every run of blanks reduced to one.
@@ -54,6 +55,7 @@ class VerificationDuTexte {
 
   std::vector<LigneRetenue> retenues;
   std::int64_t erreurs = 0;
+  std::int64_t premiereErreur = 0;
   std::int64_t etoilesAvant = 0;
   std::int64_t premiereEtoileAvant = 0;
 
@@ -61,7 +63,7 @@ class VerificationDuTexte {
   void VerifierPremiere(std::string_view ligne) {
     const std::size_t c = consignes_.gabarit.caracteristiques;
     if (ligne.size() < c) {
-      ++erreurs;
+      if (++erreurs == 1) premiereErreur = numero_;
       temoins_.incomplete(numero_, ligne);
       return;
     }
@@ -84,7 +86,7 @@ class VerificationDuTexte {
     const std::uint64_t debut = octets_.size();
     octets_ += caracteristiques;
     AjouterSansDoublesBlancs(octets_, reponse.substr(0, etoile));
-    retenues.push_back({debut, octets_.size() - debut, premiere, ferme});
+    retenues.push_back({debut, octets_.size() - debut, premiere, ferme, numero_});
     dansUnEnregistrement_ = !ferme;
   }
 
@@ -109,17 +111,21 @@ class Coupe {
         lignes_ = 0;
       }
       if (++lignes_ == consignes_.lignesMax + 1) {
-        ++bilan_.erreurs;
+        CompterErreur(ligne);
         temoins_.tropDeLignes(std::string_view(corpus_.octets).substr(debut_, consignes_.gabarit.caracteristiques));
       }
       if (ligne.etoile) Couper(ligne.debut + ligne.longueur - debut_);
     }
     if (retenues.empty() || retenues.back().etoile) return;
-    ++bilan_.erreurs;
+    CompterErreur(retenues.back());
     temoins_.sansEtoile();
   }
 
  private:
+  void CompterErreur(const LigneRetenue& ligne) {
+    if (++bilan_.erreurs == 1) bilan_.premiereErreur = ligne.numero;
+  }
+
   void Couper(std::uint64_t longueur) {
     const std::size_t c = consignes_.gabarit.caracteristiques;
     const std::string_view brut = std::string_view(corpus_.octets).substr(debut_, longueur);
@@ -176,6 +182,7 @@ BilanDeCoupe CouperTexte(std::string_view texte, const ConsignesDeCoupe& consign
   VerificationDuTexte verification(consignes, temoins, corpus.octets);
   verification.Verifier(texte);
   bilan.erreurs = verification.erreurs;
+  bilan.premiereErreur = verification.premiereErreur;
   bilan.etoilesAvant = verification.etoilesAvant;
   bilan.premiereEtoileAvant = verification.premiereEtoileAvant;
   Coupe(consignes, temoins, corpus, bilan).Lire(verification.retenues);

@@ -33,6 +33,7 @@ struct BilanDeCoupe {
   std::int64_t mots = 0;    // of all records
   std::int64_t motsLongs = 0;
   std::int64_t erreurs = 0;
+  std::int64_t premiereErreur = 0;       // number in the text of the line of the first of them
   std::int64_t etoilesAvant = 0;         // lines with a star among their characteristics, where it ends nothing
   std::int64_t premiereEtoileAvant = 0;  // number of the first of them in the text
 };

@@ -102,7 +102,9 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
 
 // Stops a run whose text has errors or no word.
 void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
-  if (bilan.erreurs > 0) AvertirEtArreter(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
+  if (bilan.erreurs > 0)
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     {"ARRET DU AUX ERREURS RENCONTREES", {contexte.Nom(".TXT"), bilan.premiereErreur}});
   if (motsGardes == 0)
     AvertirEtArreter(
         rapport, contexte.Ecran(),

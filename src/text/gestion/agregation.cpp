@@ -191,6 +191,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   AgregationOuverte resultat;
   TableOuverte table = OuvrirTable(contexte);
   resultat.message = std::move(table.message);
+  resultat.ou = std::move(table.ou);
   if (!resultat.message.empty()) return resultat;
   resultat.ouverte = true;
   resultat.agregation.lue = table.table;
@@ -274,7 +275,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
     AgregationOuverte ouverte = OuvrirAgregation(contexte);
     if (!ouverte.ouverte) {
       rapport.Lignes(ouverte.message);
-      throw Erreur(kArretAnnonce);
+      throw Erreur(FauteSituee{ouverte.message.back(), ouverte.ou});
     }
     Agregation& agregation = ouverte.agregation;
     const auto parFacteur = [](const auto& action) { return action.tri && action.tri->cle == CleDeLignes::Facteur; };

@@ -34,6 +34,7 @@ struct Agregation {
 
 struct AgregationOuverte {
   std::vector<std::string> message;  // an error, or the remark on the sort by factor
+  Lieu ou{};                         // of the error, unless its words tell
   bool ouverte = false;
   Agregation agregation;
 };

@@ -130,7 +130,8 @@ Fin EnregistrerSuplMot(const Contexte& contexte, const TableGeree& table) {
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
   return ExecuterProgramme(contexte, contexte.Nom(kRapport), LibellesErreur{}, [&](Rapport& rapport) {
     TableOuverte ouverte = OuvrirSuplMot(contexte);
-    ArreterSi(rapport, ouverte.message);
+    rapport.Lignes(ouverte.message);
+    if (!ouverte.message.empty()) throw Erreur(FauteSituee{ouverte.message.back(), ouverte.ou});
     NomsDesLignes noms(ouverte.table.lignes);
     for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, noms, action, rapport);
     Enregistrer(contexte, ouverte.table);

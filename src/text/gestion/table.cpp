@@ -112,10 +112,11 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
 }
 
 // The message on them stands in the report, whose words hold no place.
-ParametresMod LireParametresSansLieu(std::string_view ligne) {
+ParametresMod LireParametresDe(std::string_view nomMod, TableOuverte& ouverte) {
   try {
-    return LireParametres(ligne, {});
+    return LireParametres(ouverte.table.mod.parametres, nomMod);
   } catch (const Erreur& erreur) {
+    ouverte.ou = erreur.Ou();
     throw Erreur(erreur.Numero(), erreur.Phrase());
   }
 }
@@ -132,7 +133,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   ouverte.table.mod = LireListeModalites(*mod);
-  const ParametresMod parametres = LireParametresSansLieu(ouverte.table.mod.parametres);
+  const ParametresMod parametres = LireParametresDe(contexte.Nom(".MOD"), ouverte);
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
   if (parametres.burt >= 1) {
@@ -143,8 +144,9 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   if (parametres.largeur < 1) {
-    ouverte.message = {std::string(kTitreErreur),
-                       FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier).phrase};
+    FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier);
+    ouverte.message = {std::string(kTitreErreur), std::move(faute.phrase)};
+    ouverte.ou = std::move(faute.lieu);
     return;
   }
   LireLignes(contexte, *brt, ouverte);

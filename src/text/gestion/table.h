@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/enquete/listemod.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::text {
@@ -29,9 +30,10 @@ struct TableGeree {
   std::size_t Colonnes() const { return mod.textes.size(); }
 };
 
-// What a form opens on. Without a table, the lines of `message` tell why.
+// What a form opens on. Without a table, the lines of `message` tell why, and `ou` where, unless their words do.
 struct TableOuverte {
   std::vector<std::string> message;
+  Lieu ou{};
   TableGeree table;
 };
 

@@ -61,18 +61,13 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
     for (const std::size_t rang : actives) {
       const std::string& nom = pos.questions[rang].nom;
       if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
-        AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
+        AvertirEtArreter(rapport, contexte.Ecran(),
+                         {FauteHomonymes(nom, pos.questions, rangs), LieuDeLaQuestion(pos, rangs[1])});
     }
     return actives;
   }
-  for (const std::string& nom : *options.actives) {
-    const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
-    if (rangs.empty())
-      AvertirEtArreter(rapport, contexte.Ecran(),
-                       Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
-    if (rangs.size() > 1) AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
-    actives.push_back(rangs.front());
-  }
+  for (const std::string& nom : *options.actives)
+    actives.push_back(ExigerQuestion(rapport, contexte.Ecran(), pos, nom));
   std::sort(actives.begin(), actives.end());
   actives.erase(std::unique(actives.begin(), actives.end()), actives.end());
   return actives;
@@ -111,9 +106,10 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
     const Question& question = entrees.pos.questions[rang];
     if (static_cast<std::size_t>(question.position) <= *largeur) continue;
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     Joindre({"*** La question ", question.nom, " (position ", Nombre(question.position),
-                              ") est au-delà des caractéristiques des mots, qui ont "_w, Nombre(*largeur),
-                              " colonne(s) : corriger ", contexte.Nom(".POS")}));
+                     {Joindre({"*** La question ", question.nom, " (position ", Nombre(question.position),
+                               ") est au-delà des caractéristiques des mots, qui ont "_w, Nombre(*largeur),
+                               " colonne(s) : corriger ", contexte.Nom(".POS")}),
+                      LieuDeLaQuestion(entrees.pos, rang)});
   }
   return *largeur;
 }

@@ -70,7 +70,8 @@ TableauDuGenerique LireTableau(const Contexte& contexte) {
   tableau.titre = mod.titre;
   tableau.parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
   if (!tableau.AUnFormat()) return tableau;
-  if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
+  if (tableau.parametres.largeur < 0)
+    throw Erreur(kArgumentIncorrect).Situer({TexteDe(chemin.filename()), kLigneDesParametres});
   for (const Modalite& modalite : mod.modalites)
     tableau.colonnes.push_back(
         {modalite.nom, modalite.intitule.substr(0, kIntituleDeModaliteAuPlus), modalite.supplementaire});

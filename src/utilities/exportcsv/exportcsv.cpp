@@ -161,7 +161,7 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
-  ExigerNomsDifferents(pos.questions);
+  ExigerNomsDifferents(pos);
   std::vector<Champ> champs = ChampsDe(pos);
   IntitulesDesCodes intitules{std::vector<std::vector<std::string>>(pos.questions.size()), {}};
   if (!options.codes) intitules = LireIntitulesDesCodes(*sources.modalites, pos);

@@ -94,7 +94,7 @@ IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos
       vu = 1;
       place = intitule;
     } else if (dansLaListe && place != intitule) {
-      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, 2));
+      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, 2)).Situer(lecteur.Ou());
     }
   }
   for (std::size_t q = 0; q < pos.questions.size() && !sansPlace.empty(); ++q)

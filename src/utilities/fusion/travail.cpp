@@ -38,10 +38,12 @@ std::optional<PaireDePos> LirePaireDePos(const Contexte& contexte, const Options
 
 Identifiants IdentifiantsDe(const TravailDeFusion& travail) {
   const Identifiants identifiants = LireIdentifiants(travail.options);
-  const auto dehors = [](const FichierMesure& fichier, std::size_t position) {
-    return fichier.lignes > 0 && position > fichier.plusLongue;
+  const auto exigerDedans = [](const FichierMesure& fichier, std::size_t position) {
+    if (fichier.lignes > 0 && position > fichier.plusLongue)
+      throw EchecDuFichier(*fichier.entree.chemin, kArgumentIncorrect);
   };
-  if (dehors(travail.a, identifiants.a) || dehors(travail.b, identifiants.b)) throw Erreur(kArgumentIncorrect);
+  exigerDedans(travail.a, identifiants.a);
+  exigerDedans(travail.b, identifiants.b);
   return identifiants;
 }
 

@@ -59,8 +59,12 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
   Remplacement resultat(contexte.repertoire, options.fichierC);
   const LongueursDeLignes longueurs = EcrireLignes(resultat.Fichier(), lignes, ordre, options.rogner);
   resultat.Achever();
-  ImprimerCompteDuTri(
-      rapport, {champ.position != 0, options.position, options.largeur, options.sens, options.rogner, longueurs});
+  // Without a line there is no mean.
+  Situer([&] { return Lieu{.fichier = TexteDe(source.chemin->filename())}; },
+         [&] {
+           ImprimerCompteDuTri(rapport, {champ.position != 0, options.position, options.largeur, options.sens,
+                                         options.rogner, longueurs});
+         });
   resultat.Valider();
 }
 

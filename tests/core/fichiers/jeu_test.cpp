@@ -29,12 +29,14 @@ int appelsVus = 0;
 int appelVise = 0;
 int codeVise = 0;  // errno of the call aimed at; 0 kills the process there
 bool sansEchange = false;
+bool sansRetour = false;  // no file can be cut back
 
 int Compter(const char* appel) {
   if (++appelsVus == appelVise) {
     if (codeVise == 0) ::kill(::getpid(), SIGKILL);
     return codeVise;
   }
+  if (sansRetour && std::string_view(appel) == "raccourcir") return EIO;
   return sansEchange && std::string_view(appel) == "echanger" ? ENOSYS : 0;
 }
 
@@ -53,6 +55,7 @@ class Jeu : public testing::Test {
   ~Jeu() override {
     appels::PoserSonde(nullptr);
     sansEchange = false;
+    sansRetour = false;
   }
 
   void Preparer() {
@@ -163,6 +166,28 @@ TEST_F(Jeu, AFailureAtAnyCallPutsAllBack) {
       }
     }
   }
+}
+
+TEST_F(Jeu, BytesThatCannotBeTakenBackAreLeftToTheNextProgram) {
+  Allonger();
+  sansRetour = true;
+  int laisses = 0;
+  for (int appel = 1;; ++appel) {
+    Preparer();
+    const int etat = EcrireAilleurs(appel, EIO);
+    ASSERT_TRUE(WIFEXITED(etat)) << appel;
+    if (WEXITSTATUS(etat) == 100) break;
+    const bool laisse = WEXITSTATUS(etat) != 0 && Lire().at("ENQ.DAT") != avant_.at("ENQ.DAT");
+    laisses += laisse ? 1 : 0;
+    const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.PRT");
+    EXPECT_EQ(tenu.Recit().empty(), !laisse) << "failed at call " << appel;
+    Contenu suite = Lire();
+    suite.erase(".ENQ.verrou");
+    std::erase_if(suite, [](const auto& fichier) { return EstNomProvisoire(fichier.first); });
+    EXPECT_TRUE(suite == avant_ || (suite == apres_ && (laisse || WEXITSTATUS(etat) == 0)))
+        << "failed at call " << appel;
+  }
+  EXPECT_GT(laisses, 1) << "at the sync of the bytes, and behind it";
 }
 
 TEST_F(Jeu, ATargetThatMayNotBeReplacedStopsBeforeTheFirstRename) {

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <string>
 
-#include "core/panne/erreur.h"
+#include "core/fichiers/systeme/echecs.h"
 
 namespace quelvar::appels {
 
@@ -53,9 +53,19 @@ int Creer(const char* chemin) {
   return ::open(chemin, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
 }
 
+int OuvrirEnEcriture(const char* chemin, int drapeaux) {
+  if (Refuse("ouvrir")) return -1;
+  return ::open(chemin, drapeaux | O_CLOEXEC, 0666);
+}
+
 ssize_t Ecrire(int descripteur, const void* octets, std::size_t taille) {
   if (Refuse("ecrire")) return -1;
   return ::write(descripteur, octets, taille);
+}
+
+ssize_t EcrireA(int descripteur, const void* octets, std::size_t taille, std::uint64_t place) {
+  if (Refuse("ecrire")) return -1;
+  return ::pwrite(descripteur, octets, taille, static_cast<off_t>(place));
 }
 
 int Fermer(int descripteur) {
@@ -79,6 +89,11 @@ int Effacer(const char* chemin) {
 int Raccourcir(const char* chemin, std::uint64_t taille) {
   if (Refuse("raccourcir")) return -1;
   return ::truncate(chemin, static_cast<off_t>(taille));
+}
+
+int RaccourcirOuvert(int descripteur, std::uint64_t taille) {
+  if (Refuse("raccourcir")) return -1;
+  return ::ftruncate(descripteur, static_cast<off_t>(taille));
 }
 
 int Lier(const char* existant, const char* nouveau) {
@@ -126,8 +141,8 @@ std::int64_t InstantDEcriture(const struct stat& etat) {
   return etat.st_mtim.tv_sec * kNanosecondes + etat.st_mtim.tv_nsec;
 }
 
-void Exiger(int resultat) {
-  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
+void Exiger(int resultat, const Chemin& fichier) {
+  if (resultat != 0) LeverErrno(fichier, errno);
 }
 
 }  // namespace quelvar::appels

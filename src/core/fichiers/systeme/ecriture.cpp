@@ -17,7 +17,7 @@ namespace {
 
 int OuvrirEnEcriture(const Chemin& chemin, ModeEcriture mode) {
   const int place = mode == ModeEcriture::Neuf ? O_TRUNC : O_APPEND;
-  const int descripteur = ::open(chemin.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | place, 0666);
+  const int descripteur = appels::OuvrirEnEcriture(chemin.c_str(), O_WRONLY | O_CREAT | place);
   if (descripteur < 0) LeverErrnoDeCreation(chemin, errno);
   return descripteur;
 }
