@@ -25,12 +25,6 @@ void EcrireEntier(Ecrivain& fichier, std::int64_t valeur, int largeur) {
 
 }  // namespace
 
-bool EstEffectif(std::string_view cellule, std::size_t largeur) {
-  if (cellule.size() != largeur) return false;
-  if (SontChiffresOuBlancs(cellule)) return true;
-  return EstNombre(cellule) && ValeurDe(cellule) >= 0 && ValeurDe(cellule) == ArrondirPair(ValeurDe(cellule));
-}
-
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne) {
   if (largeur < 1) throw Erreur(kArgumentIncorrect);
   const auto w = static_cast<std::size_t>(largeur);

@@ -19,9 +19,6 @@ struct LigneBrt {
   std::string intitule;  // trimmed, at most 25 characters
 };
 
-// Whether a cell is whole and holds a count, or nothing.
-bool EstEffectif(std::string_view cellule, std::size_t largeur);
-
 // Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.
 // Raises kArgumentIncorrect for a width below 1, kDepassementCapacite for a value beyond a double.
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne);
