@@ -4,6 +4,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/attention.h"
 #include "crosstab/edition/tables.h"
 #include "crosstab/enquete/preparation.h"
 #include "crosstab/sorties.h"
@@ -67,6 +68,19 @@ void Impression::ImprimerEnTete() {
   rapport_.Ligne();
 }
 
+// The .MOD names a modality, not its question: two questions may have one name, and so one label.
+void PrevenirDesIntitulesPartages(const Contexte& contexte, const EnqueteCroisee& enquete,
+                                  const QuestionCroisee& question) {
+  const std::optional<IntitulePartage> partage = ChercherIntitulePartage(enquete, question);
+  if (!partage) return;
+  contexte.Ecran().demander(
+      Joindre({kAttention, "l'intitulé "_w, partage->modalite, " de ", contexte.Nom(".MOD"), " peut être de "_w,
+               question.nom, " ou de ", partage->autre,
+               " : vérifiez dans le tableau les intitulés de ces questions, ou donnez à l'une d'elles un nom qui ne "
+               "commence pas par les deux mêmes lettres"_w}),
+      Boutons::Ok);
+}
+
 // Long labels belong to the wide edition.
 const std::vector<std::string>& Impression::Intitules(std::size_t question) {
   std::vector<std::string>& intitules = intitules_[question];
@@ -74,6 +88,7 @@ const std::vector<std::string>& Impression::Intitules(std::size_t question) {
     const QuestionCroisee& q = enquete_.questions[question];
     const bool etendus = demande_.edition.choix == ChoixEdition::Etendue;
     intitules = etendus ? IntitulesEtendus(enquete_, q) : IntitulesCourts(q);
+    if (etendus) PrevenirDesIntitulesPartages(contexte_, enquete_, q);
   }
   return intitules;
 }

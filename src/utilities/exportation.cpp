@@ -61,6 +61,8 @@ void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExpor
   const ZoneDExportation zone{NombreTape(options.debut), NombreTape(options.fin)};
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
+  c.Achever();
+  GarderDuJeuDeDonnees(contexte, CheminDEcriture(contexte.repertoire, options.c), c.CheminProvisoire());
   c.Valider();
   if (bilan.arret)
     AvertirEtArreter(rapport, contexte.Ecran(),

@@ -1,10 +1,14 @@
 // Export and listing: what holds of every file, and what happens to the broken ones.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/programme.h"
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
+#include "utilities/fusion/fusion.h"
 #include "utilities/lignes.h"
+#include "utilities/tri/trifichier.h"
 
 namespace quelvar::utilities {
 namespace {
@@ -89,6 +93,30 @@ TEST_F(RunUtilitaires, AZoneBeyondEveryLineIsSaidHoweverFar) {
     EXPECT_EQ(Exporter(contexte_, {"A.TXT", "C.TXT", "2", fin}), Fin::Arret);
     EXPECT_NE(montre_.find("dépasse la longueur de l'enregistrement"_w), std::string::npos) << fin << montre_;
   }
+}
+
+// A result that takes the place of the data, questions or labels of the data set leaves them under the name of a copy.
+TEST_F(RunUtilitaires, WhatNobodyCanMakeAgainIsKept) {
+  Ecrire("A.TXT", "12\r\n34\r\n");
+  Ecrire("B.TXT", "56\r\n78\r\n");
+  Ecrire("ENQ.POS", "questions");
+  Ecrire("ENQ.MOD", "intitules");
+  Ecrire("ENQ.DAT", "1\r\n");
+  Ecrire("ENQ.TRI", "refait");
+  EXPECT_EQ(Exporter(contexte_, {"A.TXT", "enq.pos", "1", "1"}), Fin::Normale);
+  EXPECT_EQ(TriDesUtilitaires(contexte_, {"A.TXT", "ENQ.MOD", "1", "1"}), Fin::Normale);
+  OptionsFusion fusion;
+  fusion.a = "A.TXT";
+  fusion.b = "B.TXT";
+  fusion.c = "ENQ.DAT";
+  fusion.type = TypeFusion::ALaSuite;
+  EXPECT_EQ(Fusionner(contexte_, fusion), Fin::Normale);
+  EXPECT_EQ(Exporter(contexte_, {"A.TXT", "ENQ.TRI", "1", "1"}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.PO2") + Lire("ENQ.MO2") + Lire("ENQ.DA2"), "questionsintitules1\r\n");
+  EXPECT_EQ(std::ranges::count_if(boites_, [](std::string_view b) { return b.ends_with("2"); }), 3)
+      << testing::PrintToString(boites_);
+  EXPECT_EQ(TriDesUtilitaires(contexte_, {"ENQ.DAT", "ENQ.DAT", "1", "1", SensDeTri::Decroissant}), Fin::Normale);
+  EXPECT_FALSE(Existe("ENQ.DA3")) << "the order of a file that is sorted in its place is what the user gives up";
 }
 
 }  // namespace

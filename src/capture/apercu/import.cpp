@@ -156,10 +156,8 @@ std::vector<ChoixDeColonne> ChoixFaits(std::vector<ChoixDeColonne> choix, const 
 }
 
 void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::string& nom, JeuDeFichiers& sorties) {
-  const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
-  if (!ancien) return;
-  ImprimerEtat(rapport, nom, " existe déjà"_w);
-  rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sorties, *ancien, nom)});
+  if (const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom))
+    SauvegarderAncien(rapport, nom, *ancien, sorties);
 }
 
 // Everything that stops the import, told at once.
@@ -244,6 +242,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   ImprimerLecture(rapport, fichiers.nomSource, source, table);
   ImprimerColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
   ImprimerVerification(rapport, table.faits.individus, bilan.premieres, false);
+  PrevenirDesTableaux(contexte, sorties->jeu);
   sorties->jeu.Valider();
 }
 

@@ -3,13 +3,9 @@
 #include <string>
 #include <system_error>
 
-namespace quelvar::capture {
+#include "core/session/generiquelibre.h"
 
-void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
-                         JeuDeFichiers& sorties) {
-  const std::string nom = ConserverSauvegarde(sorties, fichier, sauvegarde);
-  if (!nom.empty()) rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
-}
+namespace quelvar::capture {
 
 void ImprimerEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
 
@@ -29,6 +25,12 @@ void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fic
   ImprimerEtat(rapport, nom, " existe déjà"_w);
   ConserverSauvegarde(rapport, fichier, NomDeSauvegarde(nom), sauvegardes);
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sauvegardes, fichier, nom), suite});
+}
+
+void PrevenirDesTableaux(const Contexte& contexte, JeuDeFichiers& sorties) {
+  const std::string remarque =
+      RemarqueSurLesTableaux(contexte, contexte.generique, sorties.Achever(contexte.Nom(".DAT")));
+  if (!remarque.empty()) contexte.Ecran().demander(remarque, Boutons::Ok);
 }
 
 void ImprimerFinDImport(Rapport& rapport, int niveau) {

@@ -7,6 +7,7 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/anciennecopie.h"
 #include "core/programme/programme.h"
 #include "core/programme/rapport.h"
 
@@ -29,13 +30,14 @@ inline constexpr std::string_view kSelonLesLargeursDuDbf =
 // The end of a run that has no source (kArretAnnonce): its line tells whether any other file of the generic is there.
 [[noreturn]] void ArreterSansSource(Rapport& rapport, bool autres);
 
-// An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.
-void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
-                         JeuDeFichiers& sorties);
 // Copies a former file of the generic under its backup name, an older copy kept, and tells it; `suite` ends the
 // sentence. Where the report says that the copies are there whatever the import comes to, they are a set of their own.
 void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
                        Texte suite = "");
+
+// Tells in a box which tables and coordinates of the generic were computed from other data than those of the set; to be
+// called before the commit. Raises a failure of reading.
+void PrevenirDesTableaux(const Contexte& contexte, JeuDeFichiers& sorties);
 
 // What the work stops with; none when it comes to its end.
 template <class Faire>

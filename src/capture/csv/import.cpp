@@ -141,6 +141,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   else if (fichiers.pos) sorties.Effacer(pos);
   ImprimerVerification(rapport, faits.individus, premieres, options.sansIntitules);
   PrevenirDesDecimales(contexte, faits, colonnes);
+  PrevenirDesTableaux(contexte, sorties);
   sorties.Valider();
 }
 

@@ -136,6 +136,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const FichiersDB
   remarques.insert(remarques.end(), lus.impropres.begin(), lus.impropres.end());
   GarderLesDonnees(remarques, contexte, fichiers, sorties);
   MontrerRemarques(contexte.Ecran(), remarques);
+  PrevenirDesTableaux(contexte, sorties);
   sorties.Valider();
 }
 

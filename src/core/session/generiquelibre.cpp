@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/fichiers/sauvegarde.h"
+#include "core/panne/attention.h"
 #include "core/session/generique.h"
+#include "core/texte/listes.h"
 
 namespace quelvar {
 
@@ -90,6 +93,19 @@ void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte,
   };
   if (extensions.size() == 0 ? GeneriqueExiste(contexte.repertoire, nouveau) : std::ranges::any_of(extensions, existe))
     rapport.Ligne({"*** Attention, le générique "_w, nouveau, " existait déjà, ses fichiers sont remplacés"_w});
+}
+
+std::string RemarqueSurLesTableaux(const Contexte& contexte, std::string_view generique, const Chemin& nouvelles) {
+  // What the programs of tables, factors and classifications read of each other.
+  constexpr std::string_view kCalcules[] = {".BRT", ".CDG", ".PEM", ".PEL", ".FAJ", ".FAI", ".CAH"};
+  std::vector<std::string> presents;
+  for (const std::string_view extension : kCalcules)
+    if (std::string nom = Joindre({generique, extension}); ChercherFichier(contexte.repertoire, nom))
+      presents.push_back(std::move(nom));
+  const std::optional<Chemin> anciennes = ChercherFichier(contexte.repertoire, Joindre({generique, ".DAT"}));
+  if (presents.empty() || !anciennes || MemesOctets(*anciennes, nouvelles)) return {};
+  return Joindre(
+      {kAttention, "calculés sur les anciennes données, à refaire avant de s'en servir : "_w, Enumerer(presents)});
 }
 
 void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau, bool aere) {

@@ -32,6 +32,11 @@ bool DemanderRemplacement(const Dialogue& ecran, std::string_view generique);
 void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
                                      std::initializer_list<std::string_view> extensions = {});
 
+// The sentence that names the tables and coordinates of a generic when other data take the place of those that they
+// were computed from: `nouvelles` are the ones that its .DAT will hold. Empty without them, without a .DAT, or when it
+// keeps its bytes. Raises a failure of reading.
+std::string RemarqueSurLesTableaux(const Contexte& contexte, std::string_view generique, const Chemin& nouvelles);
+
 // The lines of a report on the move to another generic, on request with a blank one below the first.
 void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
                                    bool aere = false);

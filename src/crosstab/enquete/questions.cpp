@@ -1,9 +1,22 @@
 #include "crosstab/enquete/questions.h"
 
+#include <algorithm>
+
 #include "core/enquete/nomdemodalite.h"
 #include "core/resultats/cadre.h"
 
 namespace quelvar::crosstab {
+
+namespace {
+
+// Whether a modality of that name is a code of the question.
+bool PeutAvoir(const QuestionCroisee& question, std::string_view modalite) {
+  for (int code = 1; code <= std::min(question.codeMax, kDernierCodeNomme); ++code)
+    if (NomDeModalite(question.nom, code) == modalite) return true;
+  return false;
+}
+
+}  // namespace
 
 std::vector<std::string> IntitulesCourts(const QuestionCroisee& question) {
   std::vector<std::string> intitules;
@@ -26,6 +39,17 @@ std::vector<std::string> IntitulesEtendus(const EnqueteCroisee& enquete, const Q
     if (!texte.empty()) intitule = DisposerSurDeuxLignes(texte);
   }
   return intitules;
+}
+
+std::optional<IntitulePartage> ChercherIntitulePartage(const EnqueteCroisee& enquete, const QuestionCroisee& question) {
+  for (const std::string& modalite : NomsDeModalites(question)) {
+    if (enquete.intitules.Chercher(modalite) == nullptr) continue;
+    for (const QuestionCroisee& autre : enquete.questions)
+      if (&autre != &question && autre.nom.starts_with(std::string_view(question.nom).substr(0, 2)) &&
+          PeutAvoir(autre, modalite))
+        return IntitulePartage{modalite, autre.nom};
+  }
+  return std::nullopt;
 }
 
 }  // namespace quelvar::crosstab

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,5 +43,13 @@ std::vector<std::string> NomsDeModalites(const QuestionCroisee& question);
 
 // The same, replaced by the text of the .MOD laid out for the two lines of a framed cell where there is one.
 std::vector<std::string> IntitulesEtendus(const EnqueteCroisee& enquete, const QuestionCroisee& question);
+
+// A label of the .MOD that may be another question's: RE36 is the code 36 of REG and of REV, and the code 6 of RE3.
+struct IntitulePartage {
+  std::string modalite;
+  std::string autre;  // question
+};
+// The first one of a question.
+std::optional<IntitulePartage> ChercherIntitulePartage(const EnqueteCroisee& enquete, const QuestionCroisee& question);
 
 }  // namespace quelvar::crosstab

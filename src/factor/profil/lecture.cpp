@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
@@ -114,6 +115,19 @@ class Choisies {
   std::vector<std::vector<std::size_t>> parPlace_;  // ranks in the choice
 };
 
+// The sum of the diagonal over the modalities of each question, in the order of their first modalities.
+std::vector<double> ReponsesParQuestion(const std::vector<Modalite>& modalites, const std::vector<double>& effectifs) {
+  std::vector<double> reponses;
+  std::unordered_map<std::string_view, std::size_t> rangs;
+  for (std::size_t j = 0; j < modalites.size(); ++j) {
+    const std::string_view question = std::string_view(modalites[j].nom).substr(0, kLargeurDeQuestion);
+    const std::size_t rang = rangs.try_emplace(question, reponses.size()).first->second;
+    if (rang == reponses.size()) reponses.push_back(0);
+    reponses[rang] += effectifs[j];
+  }
+  return reponses;
+}
+
 }  // namespace
 
 FichiersDeProfil TrouverFichiers(const Contexte& contexte) {
@@ -203,11 +217,10 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
     for (std::size_t i = 0; i < nombre; ++i) lireLigne(i);
   });
   comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
-  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, kLargeurDeQuestion);
   if (comptes.individus > 0) return comptes;
-  comptes.individus = 0;
-  for (std::size_t j = 0; j < mod.modalites.size(); ++j)
-    if (mod.modalites[j].nom.starts_with(premiere)) comptes.individus += comptes.effectifs[j];
+  const std::vector<double> reponses = ReponsesParQuestion(mod.modalites, comptes.effectifs);
+  comptes.individus = reponses.front();
+  comptes.plusGrandeQuestion = *std::ranges::max_element(reponses);
   return comptes;
 }
 

@@ -30,6 +30,7 @@ struct ComptesDeProfil {
   std::int64_t laisses = 0;                   // lines of the data past the announced ones
   std::int64_t douteuses = 0;                 // cells read of the Burt table that are cut or no whole number from 0 on
   std::string premiereDouteuse{};             // where the first one stands
+  double plusGrandeQuestion = 0;  // answers of the question that has most of them, where N is the first one's
 };
 
 // Counts the data, at most the announced individuals, all of them when the size is 0. `codes` has the code of each

@@ -9,6 +9,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
 #include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
 #include "core/programme/constats.h"
 #include "core/programme/libelles.h"
@@ -64,6 +65,15 @@ Constats ConstatsDuBurt(const Contexte& contexte, const ComptesDeProfil& comptes
                  Nombre(comptes.douteuses), ", la première "_w, comptes.premiereDouteuse,
                  ". Un nombre négatif ou à décimales est pris tel quel, un texte compte pour 0 ou jusqu'au premier "
                  "signe de trop : refaites le tableau"_w}));
+  if (comptes.plusGrandeQuestion > comptes.individus)
+    constats.Boite(Joindre({kAttention, contexte.Nom(".POS"),
+                            " ne dit pas le nombre d'individus : celui des réponses à la première "
+                            "question, "_w,
+                            Nombre(comptes.individus), ", en tient lieu, mais une autre en a "_w,
+                            Nombre(comptes.plusGrandeQuestion),
+                            ". Les PEM et les khi-deux ne sont justes qu'avec le nombre "
+                            "d'individus en ligne 2 de "_w,
+                            contexte.Nom(".POS")}));
   return constats;
 }
 

@@ -10,6 +10,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/attention.h"
 #include "core/programme/alerte.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
@@ -145,6 +146,16 @@ Place PlaceDesTables(std::uint64_t modalites, std::int64_t individus, bool avecI
   return {kMemoireParCase * modalites * modalites, burt + codageLogique};
 }
 
+// A logical coding that a former choice has made stays, and regressions read it without a sight of the data.
+void PrevenirDuCodageLaisse(const Contexte& contexte, const OptionsPosmod& options) {
+  if (options.individus || !contexte.Chercher(".CDG")) return;
+  contexte.Ecran().demander(
+      Joindre({kAttention, contexte.Nom(".CDG"),
+               " reste celui d'un choix précédent : une régression qui le lit ne porterait pas sur ces modalités. "
+               "Demandez aussi les individus pour le refaire"_w}),
+      Boutons::Ok);
+}
+
 // Reads the data and writes the tables; returns the parameter line of the .MOD.
 std::string ConstruireTables(const Contexte& contexte, const EntreesDePosmod& entrees, const PlanModalites& plan,
                              const OptionsPosmod& options, std::int64_t individus, JeuDeFichiers& sorties,
@@ -165,6 +176,7 @@ std::string ConstruireTables(const Contexte& contexte, const EntreesDePosmod& en
   Ecrivain& table = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   EcrireTableBurt(table, plan.modalites, burt, largeur);
   if (options.individus) EcrireIndividus(table, sorties.Achever(contexte.Nom(".CDG")), modalites, largeur);
+  PrevenirDuCodageLaisse(contexte, options);
   return ParametresDeLaTable(modalites, options.individus ? lus : -1, largeur);
 }
 

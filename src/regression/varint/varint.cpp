@@ -7,10 +7,12 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
+#include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
 #include "core/programme/alerte.h"
+#include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -138,6 +140,21 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   rapport.Ligne("Fin normale du programme");
 }
 
+// Whether the .MOD holds modalities, whose labels somebody may have typed, and not the questions of a former run.
+// Faults of the files are left to the readers that tell them.
+bool RemplaceDesModalites(const Contexte& contexte) {
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  if (!mod || !pos) return false;
+  try {
+    const std::vector<Question> questions = LirePos(*pos).questions;
+    return std::ranges::any_of(LireMod(*mod).modalites,
+                               [&](const Modalite& m) { return RangsDuNom(questions, m.nom).empty(); });
+  } catch (const Erreur&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 std::string RefusDuNombreDeQuestions(std::size_t choisies) {
@@ -152,6 +169,12 @@ Fin Varint(const Contexte& contexte, const OptionsVarint& options) {
 }
 
 Fin Varint(const Contexte& contexte, const OptionsVarint& options, std::vector<GroupeDeBarres>& profils) {
+  if (!options.questions.empty() && RemplaceDesModalites(contexte) &&
+      contexte.Ecran().demander(
+          Joindre({"Le fichier de modalités "_w, contexte.Nom(".MOD"),
+                   " et ses intitulés vont être remplacés par celui des questions. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    throw Annulation();
   return ExecuterProgramme(contexte, contexte.Nom(".TRF"), LibellesErreur{},
                            [&](Rapport& rapport) { Executer(contexte, options, rapport, profils); });
 }

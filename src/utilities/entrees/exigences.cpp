@@ -3,6 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "core/fichiers/jeu.h"
+#include "core/fichiers/sauvegarde.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
 
 namespace quelvar::utilities {
@@ -32,6 +35,21 @@ void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGen
   const FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier);
   contexte.Ecran().demander(Joindre({faute.phrase, " : il faut corriger le fichier *.MOD"}), Boutons::Ok);
   throw Erreur(kArretAnnonce);  // one box is enough
+}
+
+void GarderDuJeuDeDonnees(const Contexte& contexte, const Chemin& cible, const Chemin& resultat) {
+  if (contexte.generique.empty()) return;
+  constexpr std::string_view kQueNulNeRefait[] = {".DAT", ".POS", ".MOD", ".DES"};
+  for (const std::string_view extension : kQueNulNeRefait) {
+    const std::optional<Chemin> ancien = contexte.Chercher(extension);
+    if (!ancien || !EstLeMemeFichier(*ancien, cible)) continue;
+    JeuDeFichiers copies(contexte.repertoire, contexte.generique);
+    const std::string copie = GarderRemplace(copies, *ancien, resultat);
+    copies.Valider();
+    if (!copie.empty())
+      Prevenir(contexte, Joindre({kAttention, "le fichier "_w, TexteDe(ancien->filename()), " du jeu de données "_w,
+                                  contexte.generique, " est remplacé, il est sauvegardé sous le nom "_w, copie}));
+  }
 }
 
 }  // namespace quelvar::utilities

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "utilities/entrees/colonnes.h"
+#include "utilities/entrees/exigences.h"
 
 namespace quelvar::utilities {
 
@@ -57,10 +58,21 @@ Resultat::Resultat(const TravailDeFusion& travail)
 
 void Resultat::Valider(const std::vector<std::string>& lignesPos) {
   if (travail_.pos) {
-    Ecrivain& pos = sorties_.Ouvrir(TexteDe(CheminDe(NomDuPos(travail_.options.c)).filename()), Nature::Unique);
+    const std::string nom = TexteDe(CheminDe(NomDuPos(travail_.options.c)).filename());
+    Ecrivain& pos = sorties_.Ouvrir(nom, Nature::Unique);
     for (const std::string& ligne : lignesPos) pos.Ligne(ligne);
+    Garder(nom);
   }
+  Laisser();
+}
+
+void Resultat::Laisser() {
+  Garder(TexteDe(chemin_.filename()));
   sorties_.Valider();
+}
+
+void Resultat::Garder(std::string_view nom) {
+  GarderDuJeuDeDonnees(travail_.contexte, CheminDEcriture(chemin_.parent_path(), nom), sorties_.Achever(nom));
 }
 
 }  // namespace quelvar::utilities

@@ -62,9 +62,12 @@ class Resultat {
   Ecrivain& Fichier() { return c_; }
   void Valider(const std::vector<std::string>& lignesPos);
   // What stands there of a fusion that stops, without a .POS.
-  void Laisser() { sorties_.Valider(); }
+  void Laisser();
 
  private:
+  // What the output of that name replaces of the data set in force.
+  void Garder(std::string_view nom);
+
   const TravailDeFusion& travail_;
   Chemin chemin_;
   JeuDeFichiers sorties_;

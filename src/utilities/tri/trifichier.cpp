@@ -65,6 +65,8 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
            ImprimerCompteDuTri(rapport, {champ.position != 0, options.position, options.largeur, options.sens,
                                          options.rogner, longueurs});
          });
+  if (!MemeFichier(contexte, options.fichierA, options.fichierC))
+    GarderDuJeuDeDonnees(contexte, CheminDEcriture(contexte.repertoire, options.fichierC), resultat.CheminProvisoire());
   resultat.Valider();
 }
 

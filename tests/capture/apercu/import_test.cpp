@@ -92,6 +92,19 @@ TEST_F(RunImportDeTable, WhatWasWrittenByHandStaysBesideTheImport) {
   EXPECT_FALSE(Existe("ENQ.IM3"));
 }
 
+TEST_F(RunImportDeTable, LabelsTypedByHandOutliveTwoImports) {
+  const std::string_view table = "q\noui\nnon\noui\nnon\noui\nnon\n";
+  ASSERT_EQ(Importer(table), Fin::Normale) << montre_;
+  Ecrire("ENQ.MOD", "a la main");
+  Ecrire("ENQ.BRT", "");
+  for (int fois = 0; fois < 2; ++fois) ASSERT_EQ(Importer(table), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENQ.MO3"), "a la main\r\n");
+  EXPECT_TRUE(boites_.empty()) << "the same data";
+  ASSERT_EQ(Importer("q\noui\noui\noui\nnon\noui\nnon\n"), Fin::Normale) << montre_;
+  ASSERT_FALSE(boites_.empty());
+  EXPECT_TRUE(boites_.back().ends_with("avant de s'en servir : ENQ.BRT")) << boites_.back();
+}
+
 // What is there of another table is replaced by a yes only; what the same columns have made is made again.
 TEST_F(RunImportDeTable, AGenericThatExistsIsNotWrittenOverUnasked) {
   const std::string_view octets = "a;b\n1;2\n2;1\n";

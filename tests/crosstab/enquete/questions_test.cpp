@@ -51,5 +51,28 @@ TEST(Intitules, NomsEtTextes) {
   EXPECT_THROW(IntitulesCourts(question), Erreur);
 }
 
+TEST(Intitules, PartagesParDeuxQuestions) {
+  EnqueteCroisee enquete;
+  for (const auto& [nom, codeMax] : {std::pair{"REG", 40}, {"REV", 36}, {"RE3", 5}, {"REX", 3}, {"SEX", 50}}) {
+    enquete.questions.emplace_back();
+    enquete.questions.back().nom = nom;
+    enquete.questions.back().plafond = enquete.questions.back().codeMax = codeMax;
+  }
+  const auto autre = [&](std::size_t question) {
+    const std::optional<IntitulePartage> partage = ChercherIntitulePartage(enquete, enquete.questions[question]);
+    return partage ? partage->modalite + partage->autre : std::string();
+  };
+  enquete.intitules.Ajouter("RE37", "Corse");  // beyond the code-max of REV, and no code of RE3
+  enquete.intitules.Ajouter("SE36", "");
+  EXPECT_EQ(autre(0), "");
+  enquete.intitules.Ajouter("RE36", "Bretagne");
+  EXPECT_EQ(autre(0), "RE36REV");
+  EXPECT_EQ(autre(1), "RE36REG");
+  EXPECT_EQ(autre(2), "") << "6 is beyond its code-max";
+  enquete.questions[2].plafond = enquete.questions[2].codeMax = 6;
+  EXPECT_EQ(autre(2), "RE36REG");
+  EXPECT_EQ(autre(3) + autre(4), "");
+}
+
 }  // namespace
 }  // namespace quelvar

@@ -184,6 +184,13 @@ TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {
   EXPECT_EQ(profil(), desDonnees);
   Effacer("ENQ.POS");  // the diagonal of the first question makes the six individuals
   EXPECT_EQ(profil(), desDonnees);
+  EXPECT_TRUE(boites_.empty());
+  // One individual has no answer to the first question: the six are five, which is told.
+  Ecrire("ENQ.BRT", "AGE1 1 0 0 1 0\r\nAGE2 0 2 0 1 1\r\nAGE3 0 0 2 1 1\r\nSEX1 1 1 1 4 0\r\nSEX2 0 1 1 0 2\r\n");
+  profil();
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("la première question, 5, en tient lieu, mais une autre en a 6."_w), std::string::npos)
+      << boites_[0];
 }
 
 TEST_F(RunProfil, WithoutDataOnlyABurtTableHasAProfile) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/programme.h"
 
 using namespace quelvar::modalities;
@@ -43,6 +45,21 @@ TEST_F(RunPosmod, ASecondRunKeepsWhatTheFirstOneTold) {
   ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX", "AGE"}}}), Fin::Normale);
   EXPECT_NE(Lire("ENQ.MOD").find("AGE0 S \r\nAGE1   \r\nAGE2   \r\n**\r\n"), std::string::npos)
       << "a question that has changed sides follows today's choice";
+}
+
+TEST_F(RunPosmod, ACodingThatIsNotMadeAgainIsTold) {
+  Ecrire("ENQ.POS", "T\n 2 \nAAA   1 2\nBBB   2 2\n");
+  Ecrire("ENQ.DAT", "12\n21\n");
+  OptionsPosmod options;
+  options.actives = {"AAA", "BBB"};
+  for (const bool individus : {false, true, false}) {
+    options.individus = individus;
+    boites_.clear();
+    EXPECT_EQ(Posmod(contexte_, options), Fin::Normale);
+    const bool dit =
+        std::ranges::any_of(boites_, [](Texte b) { return b.Vue().find("ENQ.CDG reste") != b.Vue().npos; });
+    EXPECT_EQ(dit, !individus && Existe("ENQ.CDG"));
+  }
 }
 
 TEST_F(RunPosmod, TodaysChoiceHoldsForAQuestionThatChangesSides) {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "core/panne/erreur.h"
+#include "core/programme/annulation.h"
 #include "regression/varint/profils.h"
 #include "support/erreur.h"
 #include "support/programme.h"
@@ -58,6 +59,24 @@ TEST_F(RunVarint, NomsQuiNeSontPasCeuxDesColonnes) {
     EXPECT_EQ(Varint(contexte_, options), Fin::Normale);
     EXPECT_EQ(boites_.size(), boites) << questions.front();
   }
+}
+
+TEST_F(RunVarint, LesIntitulesNeSontPasRemplacesSansUnMot) {
+  Ecrire("ENQ.POS", "ENQ\n\nAAA   1 2\nBBB   2 2\n");
+  Ecrire("ENQ.DAT", "11\n22\n12\n");
+  OptionsVarint options;
+  options.questions = {"AAA", "BBB"};
+  const std::string modalites = "ENQ\r\n BRT=4 FMT=1\r\nAAA1   Homme\r\nAAA2\r\nBBB1\r\nBBB2\r\n**\r\n";
+  Ecrire("ENQ.MOD", modalites);
+  bouton_ = Reponse::Non;
+  EXPECT_THROW(Varint(contexte_, options), Annulation);
+  EXPECT_EQ(Lire("ENQ.MOD"), modalites);
+  EXPECT_FALSE(Existe("ENQ.TRF"));
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Varint(contexte_, options), Fin::Normale);
+  EXPECT_EQ(boites_.size(), 2U);
+  EXPECT_EQ(Varint(contexte_, options), Fin::Normale);
+  EXPECT_EQ(boites_.size(), 2U) << "its own file is made again unasked";
 }
 
 TEST_F(RunVarint, LEditionLongueEstDuNiveauDeux) {

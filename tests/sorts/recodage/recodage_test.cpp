@@ -302,6 +302,25 @@ TEST_F(RunRecodage, EveryColumnIsLookedAt) {
   EXPECT_FALSE(Dit("Ligne 2\r\n")) << "only a code above the code-max is told";
 }
 
+// Labels typed in the new generic outlive every further recoding of the same kind, and tables of other people are told.
+TEST_F(RunRecodage, WhatStandsThereOfAFormerRecoding) {
+  Ecrire("ENQ.POS", "T\n 2 \nAAA   1 2\n");
+  Ecrire("ENQ.DAT", "1\n2\n");
+  Ecrire("ENQ.MOD", "passe");
+  Ecrire("ENR.MOD", "a la main");
+  Ecrire("ENR.BRT", "");
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_FALSE(Dit("à refaire"_w)) << "no data were there";
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.MO2") + Lire("ENR.MO3"), "passea la main");
+  EXPECT_TRUE(Dit("L'ancienne sauvegarde ENR.MO2 est conservée sous le nom ENR.MO3\r\n"_w));
+  EXPECT_FALSE(Dit("à refaire"_w)) << "the same data again";
+  Ecrire("ENQ.DAT", "2\n2\n");
+  Ecrire("ENR.PEM", "");
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_TRUE(Dit("anciennes données, à refaire avant de s'en servir : ENR.BRT, ENR.PEM\r\n"_w)) << montre_;
+}
+
 TEST_F(RunRecodage, CancelIsRememberedForTheModalityFile) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2\n");
   Ecrire("ENQ.DAT", "1\n");
