@@ -157,9 +157,10 @@ LigneDeCommande LireLigneDeCommande(const std::vector<std::string>& tapes) {
 }
 
 std::string TexteListe() {
+  constexpr int kLargeurDesNoms = 16;  // wider than the longest
   std::string texte;
   for (const Programme& programme : Programmes())
-    texte += Joindre({CadreGauche(programme.nom, 16), "  ", programme.resume, "\n"});
+    texte += Joindre({CadreGauche(programme.nom, kLargeurDesNoms), "  ", programme.resume, "\n"});
   return texte;
 }
 

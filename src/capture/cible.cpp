@@ -1,6 +1,7 @@
 #include "capture/cible.h"
 
 #include "capture/compterendu/fichiers.h"
+#include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/texte.h"
@@ -45,8 +46,8 @@ bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const
 }
 
 std::string RefusDuGenerique(std::string_view generique) {
-  if (Rogner(generique).empty()) return "Pas de nom : recommencer";
-  if (generique.find_first_of("/\\:*?\"<>|") != std::string_view::npos)
+  if (Rogner(generique).empty()) return std::string(kPasDeNom);
+  if (!PeutNommerDesFichiers(generique) || generique.find_first_of(":*?\"<>|") != std::string_view::npos)
     return Joindre({"Un générique est un nom sans / \\ : * ? \" < > |"_w});
   return {};
 }

@@ -9,6 +9,7 @@
 #include "core/enquete/modfile.h"
 #include "core/panne/annonce.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -81,8 +82,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
       Joindre({"    Regrouper des modalités par un recodage ("_w, Nombre(kChiffresExacts - aMarquer),
                " modalités explicatives au plus sont sans risque)"_w})};
   rapport.Lignes(lignes);
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}), Boutons::Ok);
+  AlerterEnBoite(contexte.Ecran(), Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}));
 }
 
 // Modalities whose labels begin alike are one to the tabular analysis: whoever runs it is told which.
@@ -97,14 +97,13 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
     if (memes.size() > 1) confondues += Joindre({"\r\n    ", Enumerer(memes)});
   }
   if (confondues.empty()) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
+  AlerterEnBoite(
+      contexte.Ecran(),
       Joindre(
           {kAttention,
            "ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
            "effets et ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
-           confondues}),
-      Boutons::Ok);
+           confondues}));
 }
 
 // Two runs of one name are two questions to the tabular analysis, and one where the logistic part compares names.

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/enquete/listemod.h"
-#include "core/enquete/modfile.h"
 #include "core/panne/annonce.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
@@ -17,8 +15,6 @@ namespace {
 constexpr std::string_view kFinNormale = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
 
 std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurDeQuestion); }
-
-void PoserCode(std::string& texte, std::string_view code) { texte.replace(kLargeurDeModalite, kLargeurDeMarque, code); }
 
 struct Comptes {
   std::size_t y = 0;
@@ -69,10 +65,6 @@ std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vecto
 
 }  // namespace
 
-EtatModifModR ChargerModifModR(const Contexte& contexte) {
-  return OuvrirListe(contexte.repertoire, contexte.Nom(".MOD"));
-}
-
 std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes) {
   std::vector<std::string> questions;
   for (const std::string& texte : textes)
@@ -90,11 +82,11 @@ std::vector<std::size_t> ModalitesDe(const std::vector<std::string>& textes, std
 
 void CoderQuestion(std::vector<std::string>& textes, std::string_view question, TypeDeQuestion type) {
   for (const std::size_t i : ModalitesDe(textes, question))
-    PoserCode(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
+    PoserMarque(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
 }
 
 void CoderModalite(std::string& texte, TypeDeQuestion type) {
-  PoserCode(texte, type == TypeDeQuestion::Explicative ? " R " : " Y ");
+  PoserMarque(texte, type == TypeDeQuestion::Explicative ? " R " : " Y ");
 }
 
 std::string_view RefusDEnregistrer(const std::vector<std::string>& textes) {
@@ -149,7 +141,7 @@ OptionsDites<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& d
 
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EtatModifModR etat = ChargerModifModR(contexte);
+    ListeOuverte etat = OuvrirListe(contexte);
     ArreterSi(rapport, etat.message);
     if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes))
       Arreter(rapport, Joindre({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w}));

@@ -14,10 +14,6 @@ namespace quelvar::regression {
 
 enum class TypeDeQuestion { AExpliquer, Explicative };
 
-// What the form works on; the mark of a text is its code.
-using EtatModifModR = ListeOuverte;
-EtatModifModR ChargerModifModR(const Contexte& contexte);
-
 // The distinct questions (three characters) in the order of the list.
 std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes);
 // Indices of the modalities of a question.

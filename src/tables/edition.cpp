@@ -7,6 +7,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/resultats/rangees.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::tables {
 
@@ -16,8 +17,9 @@ constexpr int kLargeurLigne = 4;  // of a row label
 // What stands in front of the labels of the columns: in the first two tables, and in the others.
 constexpr std::string_view kRetraitDesDeuxPremiers = "     ";
 constexpr std::string_view kRetrait = "       ";
-
-std::string Blancs(std::size_t nombre) { return std::string(nombre, ' '); }
+// The lines of blanks that part the tables.
+constexpr std::size_t kBlancsDevantUnTableau = 7;
+constexpr std::size_t kBlancsDevantLesTheoriques = 6;
 
 std::string_view SuiteDeLaPhrase(OrdresTries tries) {
   if (tries.lignes && tries.colonnes)
@@ -156,15 +158,15 @@ void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const 
   else rapport.Ligne("Impression du tableau de données dans l'ordre d'origine des lignes et des colonnes"_w);
   ImprimerAvecTotaux(rapport, presentation, kRetraitDesDeuxPremiers, tableaux.table.effectifs, marges, kEffectifs);
   rapport.Ligne();
-  rapport.Ligne(Blancs(7));
+  rapport.Ligne(Blancs(kBlancsDevantUnTableau));
   rapport.Ligne("Pourcentages en lignes et des marges ");
   ImprimerPourcentages(rapport, presentation, details);
   rapport.Ligne();
-  rapport.Ligne(Blancs(7));
+  rapport.Ligne(Blancs(kBlancsDevantUnTableau));
   rapport.Ligne("Différence au pourcentage moyen"_w);
   sansTotaux(details.differences);
   rapport.Ligne();
-  rapport.Ligne(Blancs(6));
+  rapport.Ligne(Blancs(kBlancsDevantLesTheoriques));
   rapport.Ligne("Impression des effectifs théoriques"_w);
   ImprimerAvecTotaux(rapport, presentation, kRetrait, details.theoriques, marges, kTheoriques);
   rapport.Ligne();

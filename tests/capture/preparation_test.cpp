@@ -43,8 +43,7 @@ TEST(PreparationDImport, GenericsAndFilesOfADirectory) {
   ecrire("ENQ.POS");
   EXPECT_EQ(GeneriquePropose(la, source), "ENR");
   EXPECT_EQ(RefusDuGenerique("ENQ"), "");
-  EXPECT_NE(RefusDuGenerique(" "), "");
-  EXPECT_NE(RefusDuGenerique("a/b"), "");
+  for (const char* refuse : {" ", "a/b", "a:b", "a\tb"}) EXPECT_NE(RefusDuGenerique(refuse), "") << refuse;
 
   for (const char* nom : {"b.XLSX", "a.ods", "lettre.odt", ".cache.csv", "t.TXT", "d.dbf"}) ecrire(nom);
   std::filesystem::create_directory(la / "dossier.csv");

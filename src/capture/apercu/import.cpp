@@ -20,6 +20,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/panne/annonce.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/session/generiquelibre.h"
 
 namespace quelvar::capture {
@@ -59,16 +60,11 @@ FichiersDImport TrouverFichiers(const Contexte& contexte, const OptionsImport& o
   return fichiers;
 }
 
-bool PeutRemplacer(const Contexte& contexte, const std::string& nom, Boutons boutons) {
-  const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
-  return contexte.Ecran().demander(question, boutons) == Reponse::Oui;
-}
-
 // Asks before a file that is not the source is written over.
 void ExigerPlace(const Contexte& contexte, const FichiersDImport& fichiers, const std::string& nom, Boutons boutons) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien || EstLeMemeFichier(*ancien, *fichiers.source)) return;
-  if (!PeutRemplacer(contexte, nom, boutons))
+  if (!PeutEtreRemplace(contexte.Ecran(), nom, boutons))
     throw Erreur(kArgumentIncorrect, Joindre({kArretDuProgramme, "le fichier ", nom, " est gardé"_w}));
 }
 
@@ -260,7 +256,7 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
   }
   const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
   if (!ancien || !EstLeMemeFichier(*ancien, *source)) {
-    if (ancien && !PeutRemplacer(contexte, contexte.Nom(".DBF"), Boutons::OuiNon)) return Fin::Arret;
+    if (ancien && !PeutEtreRemplace(contexte.Ecran(), contexte.Nom(".DBF"), Boutons::OuiNon)) return Fin::Arret;
     JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
     sorties.Copier(*source, contexte.Nom(".DBF"), Nature::Unique);
     sorties.Valider();

@@ -9,6 +9,8 @@
 #include <limits>
 #include <optional>
 
+#include "core/texte/caracteres.h"
+
 namespace quelvar::capture::classeur {
 
 namespace {
@@ -22,7 +24,7 @@ std::optional<double> Lire(std::string_view texte) {
 
 bool SansPointNiExposant(std::string_view texte) {
   if (texte.starts_with('-')) texte.remove_prefix(1);
-  return !texte.empty() && texte.find_first_not_of("0123456789") == std::string_view::npos;
+  return SontChiffres(texte);
 }
 
 // "1.5e-05" as "0.000015".

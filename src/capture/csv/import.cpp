@@ -16,6 +16,7 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/texte/listes.h"
 
 namespace quelvar::capture {
@@ -77,10 +78,9 @@ void PrevenirDesDecimales(const Contexte& contexte, const FaitsTableur& faits,
     if (const std::int64_t nombre = faits.colonnes[j].decimales; nombre > 0)
       dites.push_back(Joindre({Nombre(nombre), " dans la colonne ", Nombre(j + 1), " (", colonnes[j].intitule, ")"}));
   if (dites.empty()) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
-      Joindre({kAttention, "des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, Enumerer(dites)}),
-      Boutons::Ok);
+  AlerterEnBoite(
+      contexte.Ecran(),
+      Joindre({kAttention, "des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, Enumerer(dites)}));
 }
 
 // The copies are there whatever the import comes to: the report says so.

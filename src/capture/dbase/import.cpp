@@ -21,7 +21,7 @@ namespace quelvar::capture {
 
 namespace {
 
-std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
+std::vector<Champ> ChampsImportes(const std::vector<QuestionImportee>& questions) {
   std::vector<Champ> champs;
   champs.reserve(questions.size());
   for (const QuestionImportee& question : questions) champs.push_back(question.EnChamp());
@@ -85,7 +85,7 @@ ChampsComptes CopierEtCompter(Ecrivain& dat, const Contexte& contexte, LecteurDb
   const auto derriere = std::find_if(questions.begin(), questions.end(), [&](const QuestionImportee& question) {
     return question.position > entete.LongueurLigne();
   });
-  const std::vector<Champ> champs = ChampsDe({questions.begin(), derriere});
+  const std::vector<Champ> champs = ChampsImportes({questions.begin(), derriere});
   CompteurDeChamps compteur(champs);
   for (std::size_t i = 0; i < champs.size(); ++i)
     if (!questions[i].champ.empty()) compteur.Surveiller(i);
@@ -158,7 +158,7 @@ PositionsComptees CompterPositions(const Contexte& contexte, const Chemin& dat) 
   }
   if (lues.individus == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(dat.filename())});
   lues.questions = QuestionsDesPositions(lues.longueur);
-  const std::vector<Champ> champs = ChampsDe(lues.questions);
+  const std::vector<Champ> champs = ChampsImportes(lues.questions);
   CompteurDeChamps compteur(champs);
   Progression progression(contexte.Ecran(), lues.individus);
   LecteurIndividus lecteur(dat, lues.questions.size());
@@ -192,7 +192,7 @@ struct QuestionsComptees {
 };
 
 QuestionsComptees CompterQuestions(const Contexte& contexte, const Chemin& dat, const FichierPos& pos) {
-  const std::vector<Champ> champs = quelvar::ChampsDe(pos);
+  const std::vector<Champ> champs = ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;
   const std::int64_t maximum = annonces == 0 ? std::numeric_limits<std::int64_t>::max() : annonces;

@@ -65,7 +65,7 @@ std::string_view ValiderQuestion(EtatDescripteur& etat, std::string_view nom, st
   return {};
 }
 
-std::string LigneDeQuestion(const DefinitionDeQuestion& question) {
+std::string LigneDuDescripteur(const DefinitionDeQuestion& question) {
   return LigneDescription(question.nom, question.nombre, question.genre);
 }
 
@@ -80,7 +80,7 @@ std::string_view LibelleCodeMax(GenreDescription genre) {
 
 void EnregistrerDescripteur(const Contexte& contexte, const EtatDescripteur& etat) {
   Remplacement des(contexte.repertoire, contexte.Nom(".DES"), Nature::Unique);
-  for (const DefinitionDeQuestion& question : etat.questions) des.Fichier().Ligne(LigneDeQuestion(question));
+  for (const DefinitionDeQuestion& question : etat.questions) des.Fichier().Ligne(LigneDuDescripteur(question));
   des.Valider();
 }
 

@@ -38,7 +38,7 @@ std::string_view ValiderQuestion(EtatDescripteur& etat, std::string_view nom, st
                                  GenreDescription genre);
 
 // The line of a question, in the list and in the file.
-std::string LigneDeQuestion(const DefinitionDeQuestion& question);
+std::string LigneDuDescripteur(const DefinitionDeQuestion& question);
 // What CodeMax stands for.
 std::string_view LibelleCodeMax(GenreDescription genre);
 

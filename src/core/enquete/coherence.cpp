@@ -176,8 +176,7 @@ void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
 
 std::size_t ExigerQuestion(Rapport& rapport, const Dialogue& ecran, const FichierPos& pos, std::string_view nom) {
   const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
-  if (rangs.empty())
-    AvertirEtArreter(rapport, ecran, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+  if (rangs.empty()) AvertirEtArreter(rapport, ecran, FauteQuestionAbsente(nom));
   if (rangs.size() > 1)
     AvertirEtArreter(rapport, ecran, {FauteHomonymes(nom, pos.questions, rangs), LieuDeLaQuestion(pos, rangs[1])});
   return rangs.front();

@@ -27,31 +27,10 @@ ListeModalites LireListeModalites(const Chemin& chemin) {
   return liste;
 }
 
-ListeOuverte OuvrirListe(const Chemin& repertoire, std::string_view nom) {
-  ListeOuverte liste;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(repertoire, nom)) {
-      liste.textes = LireListeModalites(*chemin).textes;
-    } else {
-      liste.message = {std::string(kTitreErreur),
-                       std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                   "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    liste.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
-  }
-  return liste;
-}
-
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste) {
   Remplacement fichier(repertoire, nom, Nature::Unique);
   EcrireListeModalites(fichier.Fichier(), liste);
   fichier.Valider();
-}
-
-void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(kColonneDIntitule - 1, ' ');
-  texte += intitule;
 }
 
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste) {
@@ -78,8 +57,32 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
   EcrireListeModalites(repertoire, nom, liste);
 }
 
+ListeOuverte OuvrirListe(const Contexte& contexte) {
+  try {
+    const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+    if (chemin) return {.textes = LireListeModalites(*chemin).textes};
+    return {.message = {std::string(kTitreErreur), PhraseDEtapeOmise(kFichierDeModalites)}};
+  } catch (const Erreur& erreur) {
+    return {.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))}};
+  }
+}
+
+std::string PhraseDEtapeOmise(std::string_view quoi) {
+  return Joindre(
+      {quoi, " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w});
+}
+
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule) {
   return Joindre({CadreGauche(nom, kLargeurDeModalite), CadreGauche(marque, kLargeurDeMarque), intitule});
+}
+
+void PoserMarque(std::string& texte, std::string_view marque) {
+  texte.replace(kLargeurDeModalite, kLargeurDeMarque, CadreGauche(marque, kLargeurDeMarque));
+}
+
+void PoserIntitule(std::string& texte, std::string_view intitule) {
+  texte.resize(kColonneDIntitule - 1, ' ');
+  texte += intitule;
 }
 
 bool EstSupplementaire(std::string_view texte) {

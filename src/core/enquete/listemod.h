@@ -7,6 +7,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 
 namespace quelvar {
 
@@ -20,14 +21,6 @@ struct ListeModalites {
 
 // A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
-// The texts for a form that edits them; without them, the lines of `message` tell why.
-struct ListeOuverte {
-  std::vector<std::string> message;
-  std::vector<std::string> textes;
-};
-// A file that cannot be read is told as one that is not there.
-ListeOuverte OuvrirListe(const Chemin& repertoire, std::string_view nom);
-
 // Replaces the file. Raises the failures of writing.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
@@ -40,6 +33,18 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
 // meanwhile, raises kAccesFichier with a sentence.
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
+// The list as a form opens it: without one, the lines of `message` tell why.
+struct ListeOuverte {
+  std::vector<std::string> message{};
+  std::vector<std::string> textes{};
+};
+// Reads the .MOD of the generic, and raises nothing: what keeps it from being read is the message.
+ListeOuverte OuvrirListe(const Contexte& contexte);
+
+// The sentence on a file that an earlier step makes, by what it is; that of the .MOD.
+std::string PhraseDEtapeOmise(std::string_view quoi);
+inline constexpr std::string_view kFichierDeModalites = "Le fichier de modalités"_w;
+
 // Parts of a text of the list, or of any line: name, mark, label; and the text that they make.
 inline std::string_view NomDeTexte(std::string_view texte) { return Milieu(texte, 1, kLargeurDeModalite); }
 inline std::string_view MarqueDeTexte(std::string_view texte) {
@@ -47,7 +52,8 @@ inline std::string_view MarqueDeTexte(std::string_view texte) {
 }
 inline std::string_view IntituleDeTexte(std::string_view texte) { return Milieu(texte, kColonneDIntitule); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
-// The label as typed, from column 8 on.
+// Another mark, or another label as it was typed, in the place of the one that the text has.
+void PoserMarque(std::string& texte, std::string_view marque);
 void PoserIntitule(std::string& texte, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);

@@ -23,6 +23,10 @@ std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites)
                   " modalités : donnez-leur des noms différents dans le fichier *.MOD et relancez"_w});
 }
 
+std::string FauteQuestionAbsente(std::string_view nom) {
+  return Joindre({"La question ", nom, " n'est pas dans le fichier de positions"});
+}
+
 void ExigerNomsDifferents(const FichierPos& pos) {
   std::set<std::string_view> vus;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {

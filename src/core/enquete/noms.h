@@ -59,6 +59,9 @@ std::string FauteHomonymes(std::string_view nom, const Questions& questions, con
   return FauteHomonymes(nom, std::span<const int>(positions));
 }
 
+// The sentence on a question that the .POS has not.
+std::string FauteQuestionAbsente(std::string_view nom);
+
 // Raises FauteHomonymes (kIncompatibiliteType), with the place of the second one, when two questions share a name,
 // trimmed.
 void ExigerNomsDifferents(const FichierPos& pos);

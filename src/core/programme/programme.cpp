@@ -50,7 +50,7 @@ std::optional<Erreur> ExecuterCorps(Rapport& rapport, const LibellesErreur& libe
     return Erreur(kArretAnnonce);
   } catch (...) {
     const Erreur erreur = ErreurEnCours();
-    for (const std::string& ligne : LignesDErreur(erreur, libelles)) rapport.Ligne(ligne);
+    rapport.Lignes(LignesDErreur(erreur, libelles));
     return erreur;
   }
 }

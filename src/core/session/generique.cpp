@@ -1,5 +1,7 @@
 #include "core/session/generique.h"
 
+#include <algorithm>
+
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -23,6 +25,11 @@ unsigned char AvantDernierSigne(unsigned char c) {
 std::string_view SansExtension(std::string_view nom) { return nom.substr(0, nom.find('.')); }
 
 std::string GeneriqueSaisi(std::string_view saisi) { return std::string(Rogner(SansExtension(saisi))); }
+
+bool PeutNommerDesFichiers(std::string_view generique) {
+  return std::ranges::none_of(
+      generique, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '/' || c == '\\' || c == '\x7F'; });
+}
 
 std::string GeneriqueSuivant(std::string_view generique) {
   std::string suivant(generique);

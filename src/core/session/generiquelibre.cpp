@@ -72,15 +72,18 @@ std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte, bool
     contexte.Ecran().demander("Le nouveau générique ne peut être celui en cours"_w, Boutons::Ok);
     return std::nullopt;
   }
-  if (nom.find_first_of("/\\") != std::string::npos || !PeutEtreRemplace(contexte, nom)) return std::nullopt;
+  if (!PeutNommerDesFichiers(nom) || !PeutEtreRemplace(contexte, nom)) return std::nullopt;
   return nom;
 }
 
 bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique) {
-  if (!GeneriqueExiste(contexte.repertoire, generique)) return true;
-  return contexte.Ecran().demander(Joindre({"Le générique "_w, generique,
-                                            " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
-                                   Boutons::NonOui) == Reponse::Oui;
+  return !GeneriqueExiste(contexte.repertoire, generique) || DemanderRemplacement(contexte.Ecran(), generique);
+}
+
+bool DemanderRemplacement(const Dialogue& ecran, std::string_view generique) {
+  return ecran.demander(Joindre({"Le générique "_w, generique,
+                                 " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
+                        Boutons::NonOui) == Reponse::Oui;
 }
 
 void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,

@@ -24,6 +24,8 @@ std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique)
 std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte, bool remplacer = false);
 // Whether the files of a generic may be replaced: true when there are none, else the answer to a box, by default no.
 bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique);
+// That question, for files that are known to be there.
+bool DemanderRemplacement(const Dialogue& ecran, std::string_view generique);
 
 // The line of a report on a generic whose files, one of these when any are named, the run replaces; nothing without
 // them. To be written before the files are.

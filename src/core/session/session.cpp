@@ -255,23 +255,21 @@ std::string EnregistrerInitialisation(Session& session) {
   return texte;
 }
 
-// A name that no file can have.
-bool EstImpossible(std::string_view generique) {
-  return std::ranges::any_of(
-      generique, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '/' || c == '\\' || c == '\x7F'; });
-}
-
 }  // namespace
+
+std::string_view RefusDuGeneriqueSaisi(std::string_view saisi) {
+  const std::string_view generique = SansExtension(saisi);
+  if (Rogner(generique).empty() || saisi == kLigneTirets || saisi == kAncienAbsent) return kPasDeNom;
+  if (!PeutNommerDesFichiers(generique))
+    return "Ce nom comporte un caractère qu'un fichier ne peut pas porter : recommencer"_w;
+  return {};
+}
 
 Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::string_view saisi) {
   Acceptation acceptation;
   const std::string_view generique = SansExtension(saisi);
-  if (Rogner(generique).empty() || saisi == kLigneTirets || saisi == kAncienAbsent) {
-    acceptation.texte = Lignes({"Pas de nom : recommencer"});
-    return acceptation;
-  }
-  if (EstImpossible(generique)) {
-    acceptation.texte = Lignes({"Ce nom comporte un caractère qu'un fichier ne peut pas porter : recommencer"_w});
+  if (const std::string_view refus = RefusDuGeneriqueSaisi(saisi); !refus.empty()) {
+    acceptation.texte = Lignes({refus});
     return acceptation;
   }
   acceptation.acceptee = true;

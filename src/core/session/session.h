@@ -80,6 +80,8 @@ struct Acceptation {
   std::string texte;      // replaces what Text1 holds
   bool premiere = false;  // a first use: entry and import become available
 };
+// Why a typed name can be no generic, in the words of both forms that ask for one; empty when it can.
+std::string_view RefusDuGeneriqueSaisi(std::string_view saisi);
 // The typed name becomes the generic; OuvrirGenerique and EtatRepertoire follow when it is accepted.
 Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::string_view saisi);
 // A program has moved the data set to another generic, or has made files of the present one. Returns what could not be

@@ -3,6 +3,7 @@
 #include "core/resultats/cellules.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::crosstab {
 
@@ -38,7 +39,8 @@ void ImprimerPhrase(Rapport& rapport, Texte debut, std::vector<Cellule> figures,
 }
 
 void ImprimerEnTete(Rapport& rapport, const TableauTitre& titre) {
-  rapport.Ligne(std::string(9, ' '));
+  constexpr std::size_t kBlancsDevantLeTitre = 9;
+  rapport.Ligne(Blancs(kBlancsDevantLeTitre));
   if (titre.filtre != nullptr) {
     rapport.Ligne({"Variable test ", titre.filtre->intitule, " ", titre.filtre->nom});
     rapport.Ligne({"Modalite ", titre.modaliteFiltre});

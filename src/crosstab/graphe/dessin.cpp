@@ -92,7 +92,7 @@ const std::string& Libelle(const ElementGraphe2& element) {
 }
 
 // Rectangles of the page that are taken.
-class Occupation {
+class PlacesPrises {
  public:
   bool Libre(const Zone& zone) const {
     return std::none_of(zones_.begin(), zones_.end(), [&](const Zone& z) { return z.Touche(zone); });
@@ -144,7 +144,7 @@ class Trace {
   void Titres(Dessin& dessin) const;
   void Tetes(Dessin& dessin, const BandePlacee& placee) const;
   void Lignes(Dessin& dessin, const BandePlacee& placee) const;
-  void Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, Occupation& occupation) const;
+  void Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, PlacesPrises& occupation) const;
   Position Deplacement(std::size_t entree) const { return etat_.entrees[entree].deplacement; }
   std::size_t EntreeLigne(std::size_t i) const { return kEntreeDeLaPremiereLigne + i; }
   std::size_t EntreeColonne(std::size_t j) const { return EntreeLigne(donnees_.lignes.size()) + j; }
@@ -213,7 +213,7 @@ void Trace::PlacerColonnes() {
 
 // Labels over their columns, each as low as its neighbours let it.
 void Trace::PlacerTetes(BandePlacee& placee) const {
-  Occupation occupation;
+  PlacesPrises occupation;
   for (std::size_t j = 0; j < donnees_.colonnes.size(); ++j) {
     Tete tete;
     const double largeurVisee = std::max(largeurs_[j] * unite_, kLargeurTete);
@@ -269,7 +269,7 @@ void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
   dessin.Calquer("colonnes");
   const double base = placee.haut + kHauteurNomDeBande + placee.hauteurTetes - kSousLesTetes;
   const double bas = placee.Bas(donnees_.lignes.size());
-  Occupation occupation;
+  PlacesPrises occupation;
   for (std::size_t j = 0; j < donnees_.colonnes.size(); ++j) {
     const Tete& tete = placee.tetes[j];
     const double x = X(zeros_[j]);
@@ -296,7 +296,7 @@ void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
 }
 
 // Names of one row beside its marks: at the end of the bar, else on the other side of the margin, else none.
-void Trace::Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, Occupation& occupation) const {
+void Trace::Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, PlacesPrises& occupation) const {
   const double y = placee.LigneDe(i);
   const std::string& nom = donnees_.lignes[i].nom;
   dessin.Designer(static_cast<std::int32_t>(EntreeLigne(i)));
@@ -321,7 +321,7 @@ void Trace::Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, Occup
 }
 
 void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
-  Occupation occupation;
+  PlacesPrises occupation;
   for (std::size_t i = 0; i < donnees_.lignes.size(); ++i) {
     const double y = placee.LigneDe(i);
     dessin.Calquer("lignes");

@@ -26,6 +26,8 @@ int ClasseKhi2(double khi2, Borne borne);
 // The same by the probability that chance passes the chi-square: 1 up to 10 %, 2 up to 5 %, 3 up to 1 %.
 int ClasseDuDepassement(double depassement);
 
+// Columns of the widest mark.
+inline constexpr std::size_t kColonnesDeToutesLesMarques = 3;
 // The mark of a class from 0 to 3: "ns", "*", "**", "***", with blanks behind it up to `colonnes` columns, 3 at most.
 std::string_view MarqueDeClasse(int classe, std::size_t colonnes = 0);
 

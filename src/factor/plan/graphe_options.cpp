@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "core/texte/caracteres.h"
+
 namespace quelvar::factor {
 
 namespace {
@@ -24,8 +26,8 @@ Description<O>::Ecrire EcrireTexte(std::string O::*membre) {
 Description<O>::Poser PoserAxe(std::string nom, std::string O::*membre) {
   return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
     const std::string_view chiffres = std::string_view(valeur).substr(Majuscules(valeur).starts_with("C") ? 1 : 0);
-    if (valeur.empty() || chiffres.size() > 3 || chiffres.find_first_not_of("0123456789") != std::string_view::npos)
-      RefuserValeur(nom, "le numéro d'un facteur, C ou C et ce numéro,"_w, valeur);
+    const bool nombre = chiffres.empty() || (SontChiffres(chiffres) && chiffres.size() <= kChiffresDUnFacteur);
+    if (valeur.empty() || !nombre) RefuserValeur(nom, "le numéro d'un facteur, C ou C et ce numéro,"_w, valeur);
     options.*membre = valeur;
   };
 }

@@ -7,6 +7,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::factor {
 
@@ -230,8 +231,7 @@ bool FixerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view texte) 
   if (cpf) reste = RognerGauche(reste.substr(1));
   int facteur = axe.facteur;
   if (!cpf || !reste.empty()) {
-    if (reste.empty() || reste.size() > 4 || reste.find_first_not_of("0123456789") != std::string_view::npos)
-      return false;
+    if (!SontChiffres(reste) || reste.size() > kChiffresDUnFacteur) return false;
     facteur = static_cast<int>(ValeurDe(reste));
   }
   if (facteur < 1 || static_cast<std::size_t>(facteur) > donnees.facteurs) return false;

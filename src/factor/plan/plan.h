@@ -164,6 +164,8 @@ void ReinitialiserCadre(EtatPlan& etat);
 void ZoomerAutour(EtatPlan& etat, double facteur, Position place);
 void Glisser(EtatPlan& etat, Position de, Position vers);
 
+// Digits that the number of a factor has at most, wherever it is typed.
+inline constexpr std::size_t kChiffresDUnFacteur = 4;
 // "C", "c", "C2", "2": sets the axis and nothing else; false, and no change, for what is not one of the factors.
 bool FixerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view texte);
 std::string TexteAxe(const AxePlan& axe);

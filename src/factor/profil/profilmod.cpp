@@ -8,6 +8,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
+#include "core/panne/annonce.h"
 #include "core/panne/attention.h"
 #include "core/programme/arret.h"
 #include "core/programme/constats.h"
@@ -159,7 +160,7 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
     const std::size_t rang = RangDeModalite(etat.textes, nom);
     if (rang == etat.textes.size())
       AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"Erreur : ", nom, " non trouvé"_w}));
-    etat.textes[rang] = TexteDeModalite(nom, MarqueDeTexte(etat.textes[rang]), intitule);
+    PoserIntitule(etat.textes[rang], intitule);
   }
   EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique),
                        ListeDuChoix(contexte, etat.textes, *options.modalites));
@@ -229,15 +230,13 @@ EtatProfil ChargerProfil(const Contexte& contexte) {
     const ListeModalites liste = Situer([&] { return Lieu{.fichier = contexte.Nom(".MOD")}; },
                                         [&] { return LireListeModalites(contexte.Exiger(".MOD")); });
     if (Rogner(liste.parametres).empty())
-      etat.message = {"*** Attention ***",
+      etat.message = {std::string(kTitreAttention),
                       std::string("La 2e ligne du fichier *.MOD (paramètres) est vide, il faut lancer une analyse "
                                   "factorielle ou une régression sur données d'enquête pour la reconstituer"_w)};
     else etat.textes = liste.textes;
   } catch (const Erreur& erreur) {
     if (erreur.Numero() != kFichierIntrouvable) etat.cause = TexteErreur(erreur);
-    etat.message = {"*** Attention ***",
-                    std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                "en utilisant la touche 'Annuler'"_w)};
+    etat.message = {std::string(kTitreAttention), PhraseDEtapeOmise(kFichierDeModalites)};
   }
   return etat;
 }

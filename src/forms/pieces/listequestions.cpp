@@ -19,10 +19,10 @@ void PreparerListe(QListWidget& liste) {
   liste.setUniformItemSizes(true);
 }
 
-void MontrerQuestions(QListWidget& liste, const std::vector<LigneDeQuestion>& lignes) {
+void MontrerQuestions(QListWidget& liste, const std::vector<QuestionListee>& lignes) {
   const int courante = liste.currentRow();
   liste.clear();
-  for (const LigneDeQuestion& question : lignes) {
+  for (const QuestionListee& question : lignes) {
     auto* const ligne = new QListWidgetItem(VersQt(question.texte), &liste);
     ligne->setData(kRang, static_cast<qulonglong>(question.rang));
   }
@@ -75,7 +75,7 @@ void ListesDeQuestions::Deplacer(const QListWidget& depart, Statut statut) {
 
 void ListesDeQuestions::Montrer() {
   for (const auto& [liste, statut] : listes_) {
-    std::vector<LigneDeQuestion> lignes;
+    std::vector<QuestionListee> lignes;
     for (const std::size_t rang : choix_.Rangs(statut)) lignes.push_back({rang, modalities::LigneDeListe(pos_, rang)});
     MontrerQuestions(*liste, lignes);
   }

@@ -12,7 +12,7 @@
 
 namespace quelvar::forms {
 
-struct LigneDeQuestion {
+struct QuestionListee {
   std::size_t rang;
   std::string texte;
 };
@@ -20,7 +20,7 @@ struct LigneDeQuestion {
 // Fixed font, several lines at a time.
 void PreparerListe(QListWidget& liste);
 // Replaces the lines; none is selected, and the keyboard goes on from where it was.
-void MontrerQuestions(QListWidget& liste, const std::vector<LigneDeQuestion>& lignes);
+void MontrerQuestions(QListWidget& liste, const std::vector<QuestionListee>& lignes);
 // Ranks of the questions that are selected.
 std::vector<std::size_t> QuestionsChoisies(const QListWidget& liste);
 

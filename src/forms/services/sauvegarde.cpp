@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/panne/annonce.h"
 #include "forms/qt/texte.h"
 
 namespace quelvar::forms {
@@ -30,7 +31,7 @@ Sauvegarde SauverSur(const Services& services, const Contexte& contexte, std::st
 }
 
 QString TexteDeLaSauvegarde(const Sauvegarde& sauvegarde, std::string_view reussite) {
-  if (sauvegarde.echec) return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(*sauvegarde.echec));
+  if (sauvegarde.echec) return VersQt(kTitreErreur) + '\n' + VersQt(TexteErreur(*sauvegarde.echec));
   return sauvegarde.faite ? VersQt(reussite) : QString();
 }
 

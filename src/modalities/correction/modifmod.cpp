@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/enquete/listemod.h"
-#include "core/enquete/modfile.h"
 #include "core/programme/arret.h"
 #include "modalities/liste/codes.h"
 #include "modalities/liste/modalites.h"
@@ -14,7 +12,7 @@ namespace quelvar::modalities {
 namespace {
 
 void PoserStatut(std::string& texte, bool supplementaire) {
-  texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
+  PoserMarque(texte, supplementaire ? kMarqueSupplementaire : kMarqueActive);
 }
 
 // The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
@@ -104,10 +102,6 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 
 }  // namespace
 
-EtatModifMod ChargerModifMod(const Contexte& contexte) {
-  return OuvrirListe(contexte.repertoire, contexte.Nom(".MOD"));
-}
-
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }
 
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes) {
@@ -132,7 +126,7 @@ OptionsDites<OptionsModifMod> OptionsDeModifMod(const std::vector<std::string>& 
 
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
-    EtatModifMod etat = ChargerModifMod(contexte);
+    ListeOuverte etat = OuvrirListe(contexte);
     ArreterSi(rapport, etat.message);
     Appliquer(contexte, etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);

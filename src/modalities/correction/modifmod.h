@@ -12,10 +12,6 @@
 
 namespace quelvar::modalities {
 
-// What the form works on.
-using EtatModifMod = ListeOuverte;
-EtatModifMod ChargerModifMod(const Contexte& contexte);
-
 // A click in ListSuppl: the supplementary becomes active and back; name and label stay.
 void BasculerStatut(std::string& texte);
 

@@ -9,6 +9,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "core/programme/rapport.h"
 #include "core/programme/refus.h"
@@ -38,9 +39,9 @@ std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::st
   try {
     if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD")))
       return LireListeModalites(*chemin);
-    message = {"*** Attention ***", std::string("Le fichier des noms de modalités n'existe pas encore"_w)};
+    message = {std::string(kTitreAttention), std::string("Le fichier des noms de modalités n'existe pas encore"_w)};
   } catch (const Erreur& erreur) {
-    message = {"*** Attention ***", std::string(TexteErreur(erreur))};
+    message = {std::string(kTitreAttention), std::string(TexteErreur(erreur))};
   }
   return std::nullopt;
 }
@@ -71,7 +72,7 @@ std::vector<std::string> PhrasesDesInconnues(const Contexte& contexte, const Opt
 }
 
 ListeModalites ListeNouvelle(std::size_t modalites) {
-  return {std::string("Liste des modalités"_w), LigneDeParametres(modalites, -1, 0), {}, {}};
+  return {std::string("Liste des modalités"_w), ParametresDeLaTable(modalites, -1, 0), {}, {}};
 }
 
 }  // namespace
@@ -120,7 +121,7 @@ void AjouterModalites(std::vector<ModaliteNommee>& liste, const std::vector<Moda
   }
 }
 
-void RemplacerModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues) {
+void ReprendreModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues) {
   for (const ModaliteNommee& tenue : liste) {
     if (!tenue.modifiee) continue;
     ModaliteNommee* lue = DuNom(lues, NomDeTexte(tenue.texte));
@@ -171,8 +172,8 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
   if (!liste.suite.empty()) suite.insert(suite.begin(), liste.suite.front());
   else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDeListe));
   // Without a table the line tells the number of modalities, those of the former creations with them.
-  if (presentes.size() > liste.textes.size() && liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0))
-    liste.parametres = LigneDeParametres(presentes.size(), -1, 0);
+  if (presentes.size() > liste.textes.size() && liste.parametres == ParametresDeLaTable(liste.textes.size(), -1, 0))
+    liste.parametres = ParametresDeLaTable(presentes.size(), -1, 0);
   liste.textes = std::move(presentes);
   liste.suite = std::move(suite);
   EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), liste);
@@ -219,7 +220,7 @@ void PoserIntitules(const Contexte& contexte, const OptionsNomeMod& options, std
     RangDeModalite(presentes, nom);  // one of its own
     const std::string cherche = CadreGauche(Rogner(nom), kLargeurDeModalite);
     if (options.Cree() && DuNom(modalites, cherche) == nullptr)
-      RemplacerModalites(modalites, ToutesLesModalites(contexte, rapport));
+      ReprendreModalites(modalites, ToutesLesModalites(contexte, rapport));
     ModaliteNommee* modalite = DuNom(modalites, cherche);
     if (modalite == nullptr) {
       rapport.Ligne(PhraseInconnue(nom));

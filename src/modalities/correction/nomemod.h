@@ -33,7 +33,7 @@ void NommerModalite(ModaliteNommee& modalite, std::string_view intitule);
 // Behind the list of the form, what a creation has left; a name that the list has keeps its place and its label.
 void AjouterModalites(std::vector<ModaliteNommee>& liste, const std::vector<ModaliteNommee>& creees);
 // In place of the list, what the file holds; the labels typed and not saved stay.
-void RemplacerModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues);
+void ReprendreModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues);
 
 // The text of TitreNbPos, and those of TextMsg.
 std::string TexteNombrePrevu(std::int64_t modalites);

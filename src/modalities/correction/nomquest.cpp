@@ -4,6 +4,7 @@
 
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 
 namespace quelvar::modalities {
@@ -28,14 +29,14 @@ EtatNomQuest ChargerNomQuest(const Contexte& contexte) {
   try {
     const std::optional<Chemin> chemin = contexte.Chercher(".POS");
     if (!chemin) {
-      etat.message = {"*** Attention ***",
+      etat.message = {std::string(kTitreAttention),
                       std::string("Le fichier des noms de questions n'existe pas, appuyez sur 'Annuler'")};
       return etat;
     }
     for (const Question& question : LirePos(*chemin).questions)
       etat.questions.push_back({question.nom, question.intitule});
   } catch (const Erreur& erreur) {
-    etat.message = {"*** Attention ***", std::string(TexteErreur(erreur))};
+    etat.message = {std::string(kTitreAttention), std::string(TexteErreur(erreur))};
   }
   return etat;
 }

@@ -30,10 +30,10 @@ void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t
   }
 }
 
-std::string LigneDeParametres(std::size_t modalites, std::int64_t individus, int largeur) {
+std::string ParametresDeLaTable(std::size_t modalites, std::int64_t individus, int largeur) {
   const auto colonnes = static_cast<std::int64_t>(modalites);
-  if (individus < 0) return quelvar::LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
-  return quelvar::LigneDeParametres(
+  if (individus < 0) return LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
+  return LigneDeParametres(
       {{"BRT=", 1}, {"LIGN=", colonnes + individus}, {"LSUP=", individus}, {"COL=", colonnes}, {"FMT=", largeur}});
 }
 

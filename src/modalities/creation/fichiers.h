@@ -23,7 +23,7 @@ void EcrireTableBurt(Ecrivain& fichier, const std::vector<ModaliteCreee>& modali
 void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t modalites, int largeur);
 
 // The parameter line of a .MOD. `individus` is the number of rows of individuals, or -1 for a table without them.
-std::string LigneDeParametres(std::size_t modalites, std::int64_t individus, int largeur);
+std::string ParametresDeLaTable(std::size_t modalites, std::int64_t individus, int largeur);
 
 // `anciennes` is nullptr when there was no earlier .MOD.
 void EcrireMod(Ecrivain& fichier, const std::string& titre, const std::string& parametres,

@@ -16,7 +16,7 @@ std::vector<Champ> ChampsDuPlan(const FichierPos& pos, const PlanModalites& plan
   for (const QuestionChoisie& choisie : plan.questions) {
     const Question& question = pos.questions[choisie.rang];
     if (question.position < 1) throw ChampImpossible(pos, choisie.rang);
-    champs.push_back({static_cast<std::uint32_t>(question.position - 1), static_cast<std::uint32_t>(question.largeur)});
+    champs.push_back(ChampDe(question));
   }
   return champs;
 }

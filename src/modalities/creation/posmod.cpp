@@ -11,6 +11,7 @@
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -93,8 +94,7 @@ void ExigerModalites(const NombresDeModalites& nombres, const OptionsPosmod& opt
                                                              : RefusDeLancer(options.individus, options.noms,
                                                                              nombres.actives, nombres.supplementaires);
   if (refus.empty()) return;
-  dialogue.biper();
-  dialogue.demander(refus, Boutons::Ok);
+  AlerterEnBoite(dialogue, refus);
   throw Refus();
 }
 
@@ -177,7 +177,7 @@ std::string ConstruireTables(const Contexte& contexte, const EntreesDePosmod& en
   EcrireTableBurt(table, plan.modalites, burt, largeur);
   if (options.individus) EcrireIndividus(table, sorties.Achever(contexte.Nom(".CDG")), modalites, largeur);
   PrevenirDuCodageLaisse(contexte, options);
-  return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
+  return ParametresDeLaTable(modalites, options.individus ? lus : -1, largeur);
 }
 
 // The questions whose marks follow today's choice against the old .MOD, once the user has agreed.
@@ -239,7 +239,7 @@ std::string ParametresDeNommage(const Contexte& contexte, const EntreesDePosmod&
     rapport.Ligne();
     rapport.Ligne(PhraseDeRelance(contexte));
   }
-  return LigneDeParametres(plan.modalites.size(), -1, 0);
+  return ParametresDeLaTable(plan.modalites.size(), -1, 0);
 }
 
 void MoteurPosmod(const Contexte& contexte, const EntreesDePosmod& entrees, const ChoixQuestions& choix,
@@ -321,7 +321,8 @@ std::string PhraseDeTableDepassee(const Contexte& contexte) {
   const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   if (!mod || !contexte.Chercher(".BRT")) return {};
   const ListeModalites liste = LireListeModalites(*mod);
-  return liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0) ? PhraseDeRelance(contexte) : std::string();
+  return liste.parametres == ParametresDeLaTable(liste.textes.size(), -1, 0) ? PhraseDeRelance(contexte)
+                                                                             : std::string();
 }
 
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {

@@ -25,13 +25,13 @@ namespace {
 constexpr std::string_view kTitre = "Modification d'un tableau de Burt";
 constexpr std::string_view kArretSansFichiers = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
 
-std::string LigneDeParametres(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
-                              int largeur) {
-  if (anciens.burt > 1) return quelvar::LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
+std::string ParametresDuGroupe(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
+                               int largeur) {
+  if (anciens.burt > 1) return LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
   std::vector<CleDeParametre> cles = {{"LIGN=", bilan.rangees}, {"COL=", colonnes}, {"FMT=", largeur}};
   if (bilan.lignesSup > 0) cles.insert(cles.begin() + 1, {"LSUP=", bilan.lignesSup});
   if (anciens.burt == 1) cles.insert(cles.begin(), {"BRT=", 1});
-  return quelvar::LigneDeParametres(cles);
+  return LigneDeParametres(cles);
 }
 
 void EcrireMod(Ecrivain& sortie, const TableAGrouper& table, const PlanDeRegroupement& plan, const NomsDeGroupe& noms,
@@ -144,7 +144,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, sorties, bilan);
   const auto restantes = static_cast<std::size_t>(std::count(plan.colonnes.begin(), plan.colonnes.end(), 0));
   EcrireMod(sorties->Ouvrir(nouveau + ".MOD", Nature::Unique), table, plan, noms, nouveau,
-            LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
+            ParametresDuGroupe(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
   if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   if (!libre) ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);

@@ -102,10 +102,13 @@ struct LigneDuGroupe {
 bool PlanDeRegroupement::AvecColonnes() const { return Marque(colonnes); }
 bool PlanDeRegroupement::AvecLignes() const { return Marque(lignes); }
 
+std::vector<char>::const_iterator PlanDeRegroupement::FinDesActives() const {
+  const auto actives = std::min(lignes.size(), static_cast<std::size_t>(lignesActives));
+  return lignes.begin() + static_cast<std::ptrdiff_t>(actives);
+}
+
 bool PlanDeRegroupement::GroupeActif() const {
-  const auto actives = std::min<std::size_t>(lignes.size(), static_cast<std::size_t>(lignesActives));
-  const auto fin = lignes.begin() + static_cast<std::ptrdiff_t>(actives);
-  return std::find(lignes.begin(), fin, 1) != fin;
+  return std::find(lignes.begin(), FinDesActives(), 1) != FinDesActives();
 }
 
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie) {

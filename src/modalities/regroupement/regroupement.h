@@ -21,6 +21,8 @@ struct PlanDeRegroupement {
 
   bool AvecColonnes() const;
   bool AvecLignes() const;
+  // Where the marks of the supplementary rows begin.
+  std::vector<char>::const_iterator FinDesActives() const;
   // Whether any marked row stands before the supplementary ones: then the group is active.
   bool GroupeActif() const;
 };

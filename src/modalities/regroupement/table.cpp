@@ -87,9 +87,7 @@ ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanD
   ElementsRendusActifs rendus;
   for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
     if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++rendus.colonnes;
-  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
-  if (plan.GroupeActif())
-    rendus.lignes = std::count(plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives), plan.lignes.end(), 1);
+  if (plan.GroupeActif()) rendus.lignes = std::count(plan.FinDesActives(), plan.lignes.end(), 1);
   return rendus;
 }
 

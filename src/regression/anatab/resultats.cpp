@@ -12,7 +12,6 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kDecimalesDePart = 4;
-constexpr std::size_t kColonnesDeMarque = 3;
 
 std::string_view RoleDe(const ModaliteCodee& modalite) {
   if (modalite.aExpliquer) return "modalité à expliquer"_w;
@@ -84,7 +83,9 @@ TableauEdite TableauDesSituations(const AnalyseTabulaire& analyse) {
   return tableau;
 }
 
-std::string_view MarqueDeCellule(int classe) { return crosstab::MarqueDeClasse(classe, kColonnesDeMarque); }
+std::string_view MarqueDeCellule(int classe) {
+  return crosstab::MarqueDeClasse(classe, crosstab::kColonnesDeToutesLesMarques);
+}
 
 namespace {
 

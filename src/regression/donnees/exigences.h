@@ -23,7 +23,8 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
 // Tells the remarks on the parameters of the .MOD, `nom`. Raises kArretAnnonce, with its line, when they give no width.
 void ExigerFormat(Rapport& rapport, const ParametresMod& parametres, std::string_view nom);
 
-// Raises kArretAnnonce when there are some: each rank that was kept has its line, which ends with what is missing.
+// Raises kArretAnnonce, with the place of the first one, when there are some: each rank that was kept has its line,
+// which ends with what is missing.
 void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque);
 
 }  // namespace quelvar::regression

@@ -36,8 +36,7 @@ std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
 }
 
 std::string_view MarqueDeParametre(double depassement) {
-  constexpr std::size_t kColonnesDeMarque = 3;
-  return crosstab::MarqueDeClasse(crosstab::ClasseDuDepassement(depassement), kColonnesDeMarque);
+  return crosstab::MarqueDeClasse(crosstab::ClasseDuDepassement(depassement), crosstab::kColonnesDeToutesLesMarques);
 }
 
 }  // namespace

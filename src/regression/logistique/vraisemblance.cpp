@@ -112,9 +112,8 @@ Ajustement Maximiser(const Observations& observations, FonctionDeLien lien, Para
   std::int64_t pas = 0;
   // One line search: steps as long as the likelihood rises strictly.
   const auto chercher = [&](Mouvement mouvement, std::size_t rang) {
-    const bool alpha = mouvement == Mouvement::AlphaPlus || mouvement == Mouvement::AlphaMoins;
-    const bool monte = mouvement == Mouvement::AlphaPlus || mouvement == Mouvement::BetaPlus;
-    const double mouvant = monte ? increment : -increment;
+    const bool alpha = EstDAlpha(mouvement);
+    const double mouvant = Monte(mouvement) ? increment : -increment;
     meilleure = vraisemblance.Valeur() - kRecul;
     while (vraisemblance.Valeur() > meilleure) {
       meilleure = vraisemblance.Valeur();

@@ -80,6 +80,8 @@ struct Ajustement {
 };
 
 enum class Mouvement { AlphaPlus, AlphaMoins, BetaPlus, BetaMoins };
+constexpr bool EstDAlpha(Mouvement m) { return m == Mouvement::AlphaPlus || m == Mouvement::AlphaMoins; }
+constexpr bool Monte(Mouvement m) { return m == Mouvement::AlphaPlus || m == Mouvement::BetaPlus; }
 // Told now and then where the search stands.
 using Suivi = std::function<void(Mouvement mouvement, double logVraisemblance, double increment)>;
 

@@ -10,6 +10,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/programme/arret.h"
 #include "core/texte/listes.h"
 #include "regression/donnees/codage.h"
@@ -54,12 +55,10 @@ void ExigerVariables(const Contexte& contexte, Rapport& rapport, const Variables
 // Of a label the first characters alone are kept, and no mark behind them is seen.
 void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegression& variables) {
   if (variables.marquesCoupees.empty()) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
-      Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kIntituleDeModaliteAuPlus),
-               " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
-               Enumerer(variables.marquesCoupees)}),
-      Boutons::Ok);
+  AlerterEnBoite(contexte.Ecran(),
+                 Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kIntituleDeModaliteAuPlus),
+                          " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
+                          Enumerer(variables.marquesCoupees)}));
 }
 
 // Individuals that have such a field.
@@ -84,11 +83,10 @@ constexpr std::string_view kCeQuEstDouteux[] = {
 
 void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
   if (douteux.individus == 0) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
+  AlerterEnBoite(
+      contexte.Ecran(),
       Joindre({kAttention, Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
-               " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
-      Boutons::Ok);
+               " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}));
 }
 
 // Lines that hold something behind the last column of the .MOD.
@@ -105,11 +103,10 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
                                  ? std::string("toutes les lignes vont")
                                  : Joindre({Nombre(longues.nombre), " lignes (la première est l'individu "_w,
                                             Nombre(longues.premiere), ") vont"});
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
+  AlerterEnBoite(
+      contexte.Ecran(),
       Joindre({kAttention, lignes, " plus loin que les ", Nombre(static_cast<std::int64_t>(variables.noms.size())),
-               " variables du fichier ", contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
-      Boutons::Ok);
+               " variables du fichier ", contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}));
 }
 
 struct LectureDesMoments {

@@ -11,6 +11,7 @@
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
@@ -84,13 +85,12 @@ std::vector<Profil> CalculerProfils(const Contexte& contexte, Rapport& rapport, 
 void PrevenirDesNoms(const Contexte& contexte, std::size_t questions, const std::vector<std::size_t>& choisies) {
   if (choisies.size() + 1 < questions) return;
   if (choisies.size() == questions && std::is_sorted(choisies.begin(), choisies.end())) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
+  AlerterEnBoite(
+      contexte.Ecran(),
       Joindre({kAttention, "les colonnes de "_w, contexte.Nom(".BRT"), " sont toutes les questions, dans l'ordre de ",
                contexte.Nom(".POS"), ", et ", contexte.Nom(".MOD"),
                " ne les nomme pas ainsi : ne faites pas l'analyse factorielle de ce tableau, "
-               "relancez avec toutes les questions dans leur ordre"}),
-      Boutons::Ok);
+               "relancez avec toutes les questions dans leur ordre"}));
 }
 
 // The long edition is an option of the second level.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/texte/caracteres.h"
 #include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {
@@ -15,8 +16,8 @@ using Textes = std::vector<std::string>;
 constexpr std::string_view kAucun = "non";
 
 int LireCode(std::string_view option, std::string_view attendu, std::string_view texte) {
-  if (texte.empty() || texte.size() > 3 || texte.find_first_not_of("0123456789") != std::string_view::npos)
-    RefuserValeur(option, attendu, texte);
+  constexpr std::size_t kChiffresDUnCode = 3;
+  if (!SontChiffres(texte) || texte.size() > kChiffresDUnCode) RefuserValeur(option, attendu, texte);
   return static_cast<int>(ValeurDe(texte));
 }
 

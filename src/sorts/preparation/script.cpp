@@ -3,6 +3,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/noms.h"
 #include "core/programme/arret.h"
+#include "core/texte/caracteres.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {
@@ -138,7 +139,7 @@ using Expressions = std::vector<std::pair<std::string, int>>;
 std::optional<Expressions> ExpressionsDe(std::string_view filtre) {
   Expressions expressions;
   for (const ElementFiltre& element : LireFiltre(filtre).elements) {
-    if (element.code.empty() || element.code.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
+    if (!SontChiffres(element.code)) return std::nullopt;
     expressions.emplace_back(Rogner(element.nom), static_cast<int>(ValeurDe(element.code)));
   }
   return expressions;

@@ -6,6 +6,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
+#include "core/texte/caracteres.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/regles/vit.h"
 
@@ -228,7 +229,7 @@ void LecteurDeConsignes::LireElementFiltre(const ElementFiltre& element) {
   }
   const std::string nom = Majuscules(element.nom);
   if (nom != element.nom) constats_.Ligne("Le filtre a été converti en majuscules"_w);
-  if (element.code.empty() || element.code.find_first_not_of("0123456789") != std::string::npos) {
+  if (!SontChiffres(element.code)) {
     Avertir(
         Joindre({"STOP : le code '", element.code, "' de l'élément du filtre "_w, nom, " n'est pas un nombre entier"}),
         LigneDeux());

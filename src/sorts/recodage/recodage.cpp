@@ -133,8 +133,7 @@ void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const NomsD
                      " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
     throw Refus();
   }
-  if (noms.nouveau.find_first_of("/\\") != std::string::npos)
-    throw Erreur(kNomFichierIncorrect).Situer({.fichier = noms.nouveau});
+  if (!PeutNommerDesFichiers(noms.nouveau)) throw Erreur(kNomFichierIncorrect).Situer({.fichier = noms.nouveau});
   for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
     if (!cible) continue;

@@ -9,6 +9,7 @@
 #include "core/enquete/posfile.h"
 #include "core/programme/arret.h"
 #include "core/resultats/fichiers.h"
+#include "core/texte/caracteres.h"
 #include "sorts/triapl/comptage.h"
 #include "sorts/triapl/edition.h"
 #include "sorts/triapl/tableau.h"
@@ -118,7 +119,8 @@ void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& op
       *fichiers.donnees, etude.pos, etude.individus,
       ControleDesDepassements(rapport, contexte.Ecran(), etude.pos, *fichiers.donnees, options.limite), progression);
   if (comptage.individus < etude.individus) {
-    rapport.Ligne(std::string(12, ' '));
+    constexpr std::size_t kBlancsDevantLAlerte = 12;
+    rapport.Ligne(Blancs(kBlancsDevantLAlerte));
     Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
     etude.individus = comptage.individus;
   }

@@ -22,7 +22,7 @@ void ImprimerTrg(Rapport& rapport, const FichierTrg& trg) {
 }
 
 // What a user should know before he reads the picture.
-void Prevenir(const Contexte& contexte, const FichierTrg& trg) {
+void PrevenirDesPoints(const Contexte& contexte, const FichierTrg& trg) {
   if (trg.points.empty())
     contexte.Ecran().demander(Joindre({"Le fichier ", contexte.Nom(".TRG"), " n'a aucun point : le triangle est vide"}),
                               Boutons::Ok);
@@ -66,7 +66,7 @@ std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
     ImprimerTrg(rapport, *trg);
   });
   if (!pret) return std::nullopt;
-  Prevenir(contexte, *trg);
+  PrevenirDesPoints(contexte, *trg);
   return trg;
 }
 

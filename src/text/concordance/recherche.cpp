@@ -8,6 +8,7 @@
 #include "core/texte/listes.h"
 #include "text/commun/lignedemot.h"
 #include "text/gestion/motsdeslignes.h"
+#include "text/gestion/nomsdeslignes.h"
 
 namespace quelvar::text {
 
@@ -77,8 +78,9 @@ LignesCherchees CherchesDesLignes(const Contexte& contexte, const std::vector<st
   const TableOuverte ouverte = OuvrirTable(contexte);
   if (!ouverte.message.empty()) return {.fautes = ouverte.message};
   LignesCherchees lignes;
+  const NomsDesLignes nomsDeLaTable(ouverte.table.lignes);
   for (const std::string& nom : noms) {
-    const LigneTrouvee trouvee = TrouverLigne(ouverte.table, nom);
+    const LigneTrouvee trouvee = nomsDeLaTable.Trouver(nom);
     if (!trouvee.faute.empty()) return {.fautes = {trouvee.faute}};
     lignes.cherches.push_back(CherchesDeLaLigne(ouverte.table.lignes[trouvee.rang]));
   }

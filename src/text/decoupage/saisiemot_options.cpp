@@ -1,5 +1,7 @@
 #include "text/decoupage/saisiemot_options.h"
 
+#include "core/programme/alerte.h"
+
 namespace quelvar::text {
 
 namespace {
@@ -12,8 +14,7 @@ constexpr int kLignesAuPlus = 9999;
 Fin LancerSaisieMot(const Contexte& contexte, const O& options) {
   const std::string refus = RefusDeDecouper(options);
   if (refus.empty()) return SaisieMot(contexte, options);
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(refus, Boutons::Ok);
+  AlerterEnBoite(contexte.Ecran(), refus);
   return Fin::Arret;
 }
 

@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/annonce.h"
 #include "core/panne/attention.h"
 #include "core/programme/arret.h"
 #include "core/session/generiquelibre.h"
@@ -12,6 +13,7 @@
 #include "core/texte/listes.h"
 #include "text/gestion/compterendu.h"
 #include "text/gestion/motsdeslignes.h"
+#include "text/gestion/nomsdeslignes.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {
@@ -19,7 +21,6 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
-constexpr std::string_view kTitreAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
 
@@ -171,11 +172,11 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
                Rapport& rapport) {
   if (action.tri) {
     const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte);
-    ArreterSi(rapport, fautes);
-    return;
+    return ArreterSi(rapport, fautes);
   }
+  const NomsDesLignes noms(agregation.table.lignes);
   for (const std::string& nom : action.lignes) {
-    const LigneTrouvee trouvee = TrouverLigne(agregation.table, nom);
+    const LigneTrouvee trouvee = noms.Trouver(nom);
     if (!trouvee.faute.empty()) Arreter(rapport, trouvee.faute);
     agregation.table.lignes[trouvee.rang].marquee = true;
   }
@@ -249,7 +250,7 @@ std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& 
 
 std::string RefusDeTerminer(const Contexte& contexte, const Agregation& agregation) {
   if (agregation.modifiee) return RefusDeTableChangee(contexte, agregation.lue);
-  return Joindre({"*** Erreur ***\r\n", "Il n'y a pas de nouveau fichier créé. Annulez pour sortir"_w});
+  return Joindre({kTitreErreur, "\r\n", "Il n'y a pas de nouveau fichier créé. Annulez pour sortir"_w});
 }
 
 Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, std::string& nouveau) {

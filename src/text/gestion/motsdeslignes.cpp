@@ -1,6 +1,7 @@
 #include "text/gestion/motsdeslignes.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
@@ -26,18 +27,24 @@ bool LIntituleSuffit(const LigneDeTable& ligne) {
 void LireMotsDesLignes(const Contexte& contexte, TableGeree& table) {
   const std::optional<Chemin> chemin = contexte.Chercher(kMotsDesLignes);
   if (!chemin) return;
+  // The rows of a head that have no words yet, the first one last.
+  std::unordered_map<std::string, std::vector<std::size_t>> sansMots;
+  for (std::size_t i = table.lignes.size(); i-- > 0;)
+    sansMots[std::string(RognerDroite(TeteDeLigne(table.lignes[i])))].push_back(i);
   LecteurLignes lecteur(*chemin);
   std::string_view ligne;
   lecteur.Lire(ligne);  // the generic
   for (std::string tete; lecteur.Lire(ligne);) {
     tete = RognerDroite(ligne);
     if (!lecteur.Lire(ligne)) return;
-    const auto est = [&](const LigneDeTable& autre) {
-      return autre.mots.empty() && RognerDroite(TeteDeLigne(autre)) == tete;
-    };
-    const auto trouvee = std::ranges::find_if(table.lignes, est);
-    if (trouvee != table.lignes.end()) trouvee->mots = MotsSepares(ligne, " ");
-    else table.motsSansLigne.insert(table.motsSansLigne.end(), {tete, std::string(ligne)});
+    const auto trouvees = sansMots.find(tete);
+    if (trouvees == sansMots.end() || trouvees->second.empty()) {
+      table.motsSansLigne.insert(table.motsSansLigne.end(), {tete, std::string(ligne)});
+      continue;
+    }
+    std::vector<std::string>& mots = table.lignes[trouvees->second.back()].mots;
+    mots = MotsSepares(ligne, " ");
+    if (!mots.empty()) trouvees->second.pop_back();
   }
 }
 

@@ -6,6 +6,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
 #include "text/gestion/motsdeslignes.h"
+#include "text/gestion/nomsdeslignes.h"
 
 namespace quelvar::text {
 
@@ -34,24 +35,27 @@ void Enregistrer(const Contexte& contexte, const TableGeree& table) {
   sorties.Valider();
 }
 
-void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport& rapport) {
+void Appliquer(TableGeree& table, NomsDesLignes& noms, const OptionsSuplMot::Action& action, Rapport& rapport) {
   using Genre = OptionsSuplMot::Action::Genre;
   const bool colonne = action.genre == Genre::ColonneSup || action.genre == Genre::ColonneActive ||
                        action.genre == Genre::IntituleColonne;
   if (!colonne) {
-    const LigneTrouvee trouvee = TrouverLigne(table, action.nom);
+    const LigneTrouvee trouvee = noms.Trouver(action.nom);
     if (!trouvee.faute.empty()) Arreter(rapport, trouvee.faute);
     LigneDeTable& ligne = table.lignes[trouvee.rang];
-    if (action.genre == Genre::IntituleLigne) RenommerLigne(ligne, action.intitule);
-    else ligne.marquee = action.genre == Genre::LigneSup;
+    if (action.genre == Genre::IntituleLigne) {
+      noms.Renommer(trouvee.rang, ligne.intitule, action.intitule);
+      RenommerLigne(ligne, action.intitule);
+    } else {
+      ligne.marquee = action.genre == Genre::LigneSup;
+    }
     return;
   }
   const std::size_t rang = RangDeModalite(table.mod.textes, action.nom);
   if (rang == table.Colonnes())
     Arreter(rapport, Joindre({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w}));
   std::string& texte = table.mod.textes[rang];
-  if (action.genre == Genre::IntituleColonne)
-    texte = TexteDeModalite(NomDeTexte(texte), MarqueDeTexte(texte), action.intitule);
+  if (action.genre == Genre::IntituleColonne) PoserIntitule(texte, action.intitule);
   else PoserColonne(texte, action.genre == Genre::ColonneSup);
 }
 
@@ -103,14 +107,16 @@ OptionsDites<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, con
     if (IntituleDeTexte(avant) != IntituleDeTexte(apres)) colonne(Genre::IntituleColonne, nom, IntituleDeTexte(apres));
   }
   // The labels change after the marks, one after the other: each name is one of the table as it then stands.
-  TableGeree refaite = desFichiers;
+  const NomsDesLignes desMarques(desFichiers.lignes);
+  NomsDesLignes noms = desMarques;
   for (std::size_t i = 0; i < table.lignes.size(); ++i) {
+    const LigneDeTable& avant = desFichiers.lignes[i];
     const LigneDeTable& apres = table.lignes[i];
-    if (desFichiers.lignes[i].marquee != apres.marquee)
-      ligne(apres.marquee ? Genre::LigneSup : Genre::LigneActive, NomDeLigne(desFichiers, i));
-    if (desFichiers.lignes[i].intitule == apres.intitule) continue;
-    ligne(Genre::IntituleLigne, NomDeLigne(refaite, i), apres.intitule);
-    refaite.lignes[i].intitule = apres.intitule;
+    if (avant.marquee != apres.marquee)
+      ligne(apres.marquee ? Genre::LigneSup : Genre::LigneActive, desMarques.NomDe(i, avant.intitule));
+    if (avant.intitule == apres.intitule) continue;
+    ligne(Genre::IntituleLigne, noms.NomDe(i, avant.intitule), apres.intitule);
+    noms.Renommer(i, avant.intitule, apres.intitule);
   }
   if (!raison.empty()) return {.raison = raison};
   return {.options = std::move(options)};
@@ -126,7 +132,8 @@ Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
     TableOuverte ouverte = OuvrirSuplMot(contexte);
     rapport.Lignes(ouverte.message);
     if (!ouverte.message.empty()) throw Erreur(FauteSituee{ouverte.message.back(), ouverte.ou});
-    for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, action, rapport);
+    NomsDesLignes noms(ouverte.table.lignes);
+    for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, noms, action, rapport);
     Enregistrer(contexte, ouverte.table);
     rapport.Ligne(kEnregistre);
   });

@@ -1,7 +1,6 @@
 #include "text/gestion/table.h"
 
 #include <algorithm>
-#include <optional>
 #include <tuple>
 
 #include "core/chiffres/nombres.h"
@@ -9,16 +8,14 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/panne/annonce.h"
+#include "core/programme/arret.h"
 #include "text/commun/intitule.h"
 #include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {
 
 namespace {
-
-constexpr std::string_view kErreur = "*** Erreur ***";
-constexpr std::string_view kRevenir =
-    " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w;
 
 // A sentence of refusal, or nothing when the row is as long as its cells.
 std::string FauteDeLigne(const Contexte& contexte, std::string_view ligne, std::size_t cellules, std::size_t numero) {
@@ -105,7 +102,7 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     const std::string faute = FauteDeLigne(contexte, ligne, cellules, ouverte.table.lignes.size() + 1);
     if (!faute.empty()) {
-      ouverte.message = {std::string(kErreur), faute};
+      ouverte.message = {std::string(kTitreErreur), faute};
       return;
     }
     ouverte.table.lignes.push_back({std::string(ligne.substr(0, kLargeurDeModalite)),
@@ -128,11 +125,11 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   const std::optional<Chemin> brt = contexte.Chercher(".BRT");
   if (!mod) {
-    ouverte.message = {std::string(kErreur), Joindre({"Le fichier de modalités"_w, kRevenir})};
+    ouverte.message = {std::string(kTitreErreur), PhraseDEtapeOmise(kFichierDeModalites)};
     return;
   }
   if (!brt) {
-    ouverte.message = {std::string(kErreur), Joindre({"Le tableau de données"_w, kRevenir})};
+    ouverte.message = {std::string(kTitreErreur), PhraseDEtapeOmise("Le tableau de données"_w)};
     return;
   }
   ouverte.table.mod = LireListeModalites(*mod);
@@ -140,7 +137,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
   if (parametres.burt >= 1) {
-    ouverte.message = {std::string(kErreur),
+    ouverte.message = {std::string(kTitreErreur),
                        Joindre({contexte.Nom(".MOD"), " est d'un tableau de Burt (BRT=", Nombre(parametres.burt),
                                 "), dont les lignes sont aussi les colonnes : employez la modification des modalités, "
                                 "ou celle du tableau de Burt"_w})};
@@ -148,7 +145,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   }
   if (parametres.largeur < 1) {
     FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier);
-    ouverte.message = {std::string(kErreur), std::move(faute.phrase)};
+    ouverte.message = {std::string(kTitreErreur), std::move(faute.phrase)};
     ouverte.ou = std::move(faute.lieu);
     return;
   }
@@ -156,7 +153,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   if (!ouverte.message.empty()) return;
   ExigerTableDuMod(*brt, LireMod(*mod), parametres);
   if (const std::string faute = FauteDeLargeur(contexte, ouverte.table); !faute.empty())
-    ouverte.message = {std::string(kErreur), faute};
+    ouverte.message = {std::string(kTitreErreur), faute};
   LireMotsDesLignes(contexte, ouverte.table);
 }
 
@@ -167,7 +164,7 @@ TableOuverte OuvrirTable(const Contexte& contexte) {
   try {
     Ouvrir(contexte, ouverte);
   } catch (const Erreur& erreur) {
-    ouverte.message = {std::string(kErreur), std::string(TexteErreur(erreur))};
+    ouverte.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
   }
   return ouverte;
 }
@@ -199,38 +196,6 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
     fichier.Ecrire(ligne.cellules);
     fichier.Ligne(ligne.intitule);
   }
-}
-
-// With or without the star of an inverted theme.
-std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
-  const std::string_view cherche = Rogner(nom);
-  std::vector<std::size_t> trouvees;
-  const auto chercher = [&](const auto& est) {
-    for (std::size_t i = 0; i < table.lignes.size(); ++i)
-      if (est(table.lignes[i].intitule)) trouvees.push_back(i);
-  };
-  chercher([&](std::string_view intitule) { return Rogner(intitule) == cherche; });
-  if (!trouvees.empty()) return trouvees;
-  chercher([&](std::string_view intitule) {
-    return PorteUnCode(intitule) &&
-           (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kLargeurDeModalite)) == cherche);
-  });
-  return trouvees;
-}
-
-std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {
-  const std::string_view intitule = table.lignes[ligne].intitule;
-  for (const std::string_view nom : {MotDeLIntitule(intitule), Rogner(intitule)})
-    if (LignesDuNom(table, nom) == std::vector<std::size_t>{ligne}) return std::string(nom);
-  return std::nullopt;
-}
-
-LigneTrouvee TrouverLigne(const TableGeree& table, std::string_view nom) {
-  const std::vector<std::size_t> trouvees = LignesDuNom(table, nom);
-  if (trouvees.size() == 1) return {trouvees.front()};
-  return {.faute =
-              Joindre({"La ligne ", Rogner(nom),
-                       trouvees.empty() ? " n'est pas dans le tableau"_w : " est plusieurs fois dans le tableau"_w})};
 }
 
 }  // namespace quelvar::text

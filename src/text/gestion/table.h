@@ -48,17 +48,4 @@ std::string RefusDeTableChangee(const Contexte& contexte, const TableGeree& lue)
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur);
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes);
 
-// Ranks of the rows that a user names: by their whole label, or else by their word without the code in front.
-std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom);
-// The only one of them, or why there is none: a line for the report, empty with a row.
-struct LigneTrouvee {
-  std::size_t rang = 0;
-  std::string faute{};
-};
-LigneTrouvee TrouverLigne(const TableGeree& table, std::string_view nom);
-// A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows
-// have it, which is why no options say what is done to it.
-inline constexpr std::string_view kLignesDuMemeNom = "deux lignes ont le même nom"_w;
-std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne);
-
 }  // namespace quelvar::text

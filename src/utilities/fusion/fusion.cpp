@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/attention.h"
+#include "core/programme/alerte.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
@@ -119,9 +120,7 @@ Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
     return Fin::Arret;
   const std::string pos = NomDuPos(options.c);
   if (options.pos && ChercherFichier(contexte.repertoire, pos) &&
-      contexte.Ecran().demander(
-          Joindre({"Le fichier ", NomAffiche(pos), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w}),
-          Boutons::OuiNon) != Reponse::Oui)
+      !PeutEtreRemplace(contexte.Ecran(), NomAffiche(pos), Boutons::OuiNon))
     return Fin::Arret;
   OptionsFusion demandees = options;
   if (options.type == TypeFusion::CoteACote && options.verifier && !DemanderIdentifiants(contexte, demandees))

@@ -226,6 +226,15 @@ TEST_F(RunProfil, CellsOfTheBurtTableThatAreNoCountsAreTold) {
   }
 }
 
+// Blanks around a name count for nothing when it is asked for, and are its own in the file.
+TEST_F(RunProfil, ALabelIsGivenToANameThatBeginsWithABlank) {
+  Ecrire("ENQ.POS", "ENQ\r\n 4 \r\n A    1 2\r\nSEX   2 2\r\n");
+  Ecrire("ENQ.DAT", "11\r\n12\r\n21\r\n22\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=4 FMT=1\r\n A 1   un\r\n A 2   deux\r\nSEX1   H\r\nSEX2   F\r\n");
+  ASSERT_EQ(ProfilMod(contexte_, {.modalites = {{"A 1"}}, .intitules = {{"A 1", "Mon un"}}}), Fin::Normale) << montre_;
+  EXPECT_NE(Lire("ENQ.MOD").find("\r\n A 1   Mon un\r\n A 2   deux\r\n"), std::string::npos) << Lire("ENQ.MOD");
+}
+
 TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {
   EcrireEnquete();
   Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1\r\nNB~6\r\n");

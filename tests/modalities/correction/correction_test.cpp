@@ -30,7 +30,7 @@ TEST_F(Correction, EveryPartOfTheFileSurvivesARoundTrip) {
 
 TEST_F(Correction, AFileOfOneLineHasNoModalities) {
   Ecrire("ENQ.MOD", "Titre");
-  const EtatModifMod etat = ChargerModifMod(contexte_);
+  const ListeOuverte etat = OuvrirListe(contexte_);
   EXPECT_TRUE(etat.message.empty());
   EXPECT_TRUE(etat.textes.empty());
 }
@@ -39,7 +39,7 @@ TEST_F(Correction, AFileOfOneLineHasNoModalities) {
 
 TEST_F(Correction, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
-  EtatModifMod etat = ChargerModifMod(contexte_);
+  ListeOuverte etat = OuvrirListe(contexte_);
   BasculerStatut(etat.textes[0]);
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
   EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);

@@ -39,14 +39,29 @@ TEST_F(RunModifBurt, IndividualsStayBehindTheGroup) {
   EXPECT_NE(AnnonceDuRegroupement(options).find("AGE1, AGE2"), std::string::npos);
 }
 
-TEST_F(RunModifBurt, BlanksAroundTheNameOfARowCountForNothing) {
-  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 FMT=2 \r\nA\r\nB\r\n");
-  Ecrire("ENQ.BRT", "  12 3 4\r\n   7 1 2\r\nab   5 6\r\n");
-  OptionsModifBurt options;
-  options.lignes = {"7", "12"};
-  options.nomLigne = "xx";
-  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
-  EXPECT_EQ(Lire("ENR.BRT"), "ab   5 6\r\nxx00 4 6\r\n");
+// The frequencies that name the rows of a lexical table stand to the right of their columns.
+TEST_F(RunModifBurt, ARowIsFoundByItsNameWithoutTheBlanksAroundIt) {
+  const std::string mod = "ENQ\r\nIMAX=3 JMAX=2 ISUP=0 FMT=4\r\nAAA1\r\nAAA2\r\n";
+  const struct {
+    std::vector<std::string> lignes;
+    std::string_view brt, refus;  // what is left of the table, or why nothing is done
+  } cas[] = {
+      {{"12", "ab"}, "  7    3   4beta\r\nxx00   6   8\r\n", ""},
+      {{"  12", " 7"}, "ab     3   4gamma\r\nxx00   6   8\r\n", ""},
+      {{"ab", "cd", "ab"}, "", "La ligne cd n'est pas dans le tableau"},
+      {{"12", "ab", "12"}, "", "La ligne 12 n'est pas dans le tableau"},
+  };
+  for (const auto& c : cas) {
+    for (const char* reste : {"ENR.PRT", "ENR.MOD", "ENR.BRT", "Qvr2.ini"}) Effacer(reste);
+    Ecrire("ENQ.MOD", mod);
+    Ecrire("ENQ.BRT", "  12   3   4alpha\r\n  7    3   4beta\r\nab     3   4gamma\r\n");
+    OptionsModifBurt options;
+    options.lignes = c.lignes;
+    options.nomLigne = "xx";
+    EXPECT_EQ(ModifierBurt(contexte_, options), c.refus.empty() ? Fin::Normale : Fin::Arret) << montre_;
+    EXPECT_TRUE(Dit(c.refus)) << montre_;
+    EXPECT_EQ(Existe("ENR.BRT") ? Lire("ENR.BRT") : "", c.brt);
+  }
 }
 
 // A group under the name of an element that stays could not be told from it any more.

@@ -8,6 +8,7 @@
 #include "text/concordance/ordre.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/motsdeslignes.h"
+#include "text/gestion/nomsdeslignes.h"
 #include "text/gestion/suplmot.h"
 
 using namespace quelvar::text;
@@ -40,8 +41,9 @@ TEST_F(RunGestion, MergedCellsWidenTheTableAndKeepItsMargin) {
 TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
   Ecrire("ENQ.BRT", "   999données\r\n   999deuxdeux      \r\n   322ées \r\n"_w);
   Agregation agregation = OuvrirAgregation(contexte_).agregation;
-  EXPECT_EQ(NomDeLigne(agregation.table, 0), "données"_w);
-  EXPECT_EQ(NomDeLigne(agregation.table, 2), "ées"_w) << "no part of another label";
+  const NomsDesLignes noms(agregation.table.lignes);
+  EXPECT_EQ(noms.NomDe(0, agregation.table.lignes[0].intitule), "données"_w);
+  EXPECT_EQ(noms.NomDe(2, agregation.table.lignes[2].intitule), "ées"_w) << "no part of another label";
   for (const std::size_t ligne : {0U, 1U}) agregation.table.lignes[ligne].marquee = true;
   EXPECT_TRUE(Agreger(agregation, "tout").empty());
   EXPECT_EQ(MotsDeLaLigne(agregation.table.lignes.back()),
@@ -70,7 +72,7 @@ class RunMotsDesLignes : public essai::RunDeProgramme {
   }
   static std::string TeteDeLaLigne(const Contexte& contexte, std::string_view nom) {
     const TableGeree table = OuvrirTable(contexte).table;
-    return Tete(contexte, {CherchesDeLaLigne(table.lignes[LignesDuNom(table, nom).at(0)])});
+    return Tete(contexte, {CherchesDeLaLigne(table.lignes.at(NomsDesLignes(table.lignes).Trouver(nom).rang))});
   }
   Contexte Sous(std::string generique) const {
     Contexte contexte = contexte_;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uintmax_t kRapportMontre = 8'000'000;  // bytes that Text1 shows between two launches
 
-LigneDeQuestion LigneDe(const crosstab::EnqueteCroisee& enquete, std::size_t rang) {
+QuestionListee LigneDe(const crosstab::EnqueteCroisee& enquete, std::size_t rang) {
   const crosstab::QuestionCroisee& question = enquete.questions[rang];
   return {rang, Joindre({question.libelle, " ", question.intitule})};
 }
@@ -39,7 +39,7 @@ ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete, Brouill
       ui_(std::make_unique<Ui::ChoixVar>()) {
   ui_->setupUi(this);
   for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) PreparerListe(*liste);
-  std::vector<LigneDeQuestion> toutes;
+  std::vector<QuestionListee> toutes;
   for (std::size_t i = 0; i < enquete_.questions.size(); ++i) toutes.push_back(LigneDe(enquete_, i));
   MontrerQuestions(*ui_->ListVar1, toutes);
   ui_->FrmTri->setVisible(contexte_.niveau >= kNiveauAvance);
@@ -118,7 +118,7 @@ QListWidget& ChoixVar::ListeDu(crosstab::RoleQuestion role) const {
 }
 
 void ChoixVar::RemplirListe(crosstab::RoleQuestion role) {
-  std::vector<LigneDeQuestion> lignes;
+  std::vector<QuestionListee> lignes;
   for (const std::size_t question : crosstab::QuestionsDuRole(etat_, role))
     lignes.push_back(LigneDe(enquete_, question));
   MontrerQuestions(ListeDu(role), lignes);

@@ -11,7 +11,7 @@
 namespace quelvar::forms {
 
 ModifMod::ModifMod(Services& services)
-    : Forme(services), etat_(modalities::ChargerModifMod(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
+    : Forme(services), etat_(OuvrirListe(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   dansLeFichier_ = etat_.textes;
   edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,

@@ -28,7 +28,7 @@ class ModifMod : public Forme {
   void MontrerStatut(int ligne);
   void Enregistrer();
 
-  modalities::EtatModifMod etat_;
+  ListeOuverte etat_;
   std::vector<std::string> dansLeFichier_;  // the texts as they were read
   std::unique_ptr<Ui::ModifMod> ui_;
   EditionListe* edition_ = nullptr;

@@ -41,7 +41,7 @@ void RelierLigne(QListWidget& liste, const std::function<void(int)>& action) {
 
 ModifModR::ModifModR(Services& services)
     : Forme(services),
-      etat_(regression::ChargerModifModR(contexte_)),
+      etat_(OuvrirListe(contexte_)),
       duFichier_(etat_.textes),
       questions_(regression::QuestionsDesTextes(etat_.textes)),
       ui_(std::make_unique<Ui::ModifModR>()) {

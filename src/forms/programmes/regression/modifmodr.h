@@ -31,7 +31,7 @@ class ModifModR : public Forme {
   void Dire(std::string_view titre, const QString& texte);
   void Enregistrer();
 
-  regression::EtatModifModR etat_;
+  ListeOuverte etat_;
   std::vector<std::string> duFichier_;  // the lines as the file has them
   std::vector<std::string> questions_;
   std::vector<std::size_t> montrees_;  // indices of the modalities that Listmod shows

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/session/session.h"
 #include "forms/qt/texte.h"
 #include "ui_prem.h"
 
@@ -109,9 +110,11 @@ void Prem::EnregistrerRepertoire() {
 }
 
 void Prem::EnregistrerGenerique() {
+  const std::string refus(RefusDuGeneriqueSaisi(NomDepuisUtf8(ui_->TxtGen->text().toStdString())));
   generiqueDonne_ = services_.accepterGenerique(ui_->TxtGen->text());
-  ui_->LabelGen->setText(generiqueDonne_ ? QStringLiteral("Le générique est ") + VersQt(services_.session.generique)
-                                         : QStringLiteral("Pas de nom : recommencer"));
+  if (generiqueDonne_)
+    ui_->LabelGen->setText(QStringLiteral("Le générique est ") + VersQt(services_.session.generique));
+  else ui_->LabelGen->setText(VersQt(refus));  // none when the user keeps the work that is under way
   MontrerSuite();
   if (!generiqueDonne_) ui_->TxtGen->setFocus();
 }

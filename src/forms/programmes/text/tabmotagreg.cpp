@@ -11,6 +11,7 @@
 #include "forms/programmes/text/concord.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
+#include "text/gestion/nomsdeslignes.h"
 #include "text/gestion/options.h"
 #include "ui_tabmotagreg.h"
 
@@ -87,9 +88,10 @@ void TabMotAgreg::Marquer() {
 void TabMotAgreg::NoterLAgregation() {
   const text::TableGeree& table = ouverte_.agregation.table;
   text::OptionsTabMotAgreg::Action geste{std::nullopt, DepuisQt(ui_->TextModLign->text()), {}};
+  const text::NomsDesLignes noms(table.lignes);
   for (std::size_t i = 0; gestes_ && i < table.lignes.size(); ++i) {
     if (!table.lignes[i].marquee) continue;
-    if (const std::optional<std::string> nom = text::NomDeLigne(table, i)) geste.lignes.push_back(*nom);
+    if (const std::optional<std::string> nom = noms.NomDe(i, table.lignes[i].intitule)) geste.lignes.push_back(*nom);
     else gestes_.reset();
   }
   if (gestes_) gestes_->actions.push_back(std::move(geste));

@@ -63,6 +63,11 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   Cliquer(*prem, "BnomGen");
   EXPECT_EQ(Etiquette(*prem, "LabelGen"), "Pas de nom : recommencer");
   auto& nom = Bureau::Dans<QLineEdit>(*prem, "TxtGen");
+  nom.setText("a/b");
+  Cliquer(*prem, "BnomGen");
+  EXPECT_EQ(Etiquette(*prem, "LabelGen"),
+            "Ce nom comporte un caractère qu'un fichier ne peut pas porter : recommencer");
+  nom.clear();
   nom.setFocus();
   QTest::keyClicks(&nom, "ENQ");
   QTest::keyClick(&nom, Qt::Key_Return);

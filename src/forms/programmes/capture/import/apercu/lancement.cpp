@@ -93,9 +93,7 @@ void ApercuImport::LancerImport() {
   const std::string generique = Generique();
   const bool dit = cible_.remplacer && generique == cible_.generique;
   if (!dit && capture::GeneriqueOccupe(cible_.repertoire, generique, preparation_.Fichier()) &&
-      services_.ecran.demander(
-          Joindre({"Le générique "_w, generique, " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
-          Boutons::NonOui) != Reponse::Oui) {
+      !DemanderRemplacement(services_.ecran, generique)) {
     ui_->TextGenerique->setFocus();
     return;
   }
