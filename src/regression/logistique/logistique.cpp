@@ -30,9 +30,10 @@ double Chances(double p) {
 Suivi SuiviPour(const Dialogue& ecran) {
   return [&ecran](Mouvement mouvement, double logVraisemblance, double increment) {
     const bool alpha = EstDAlpha(mouvement);
-    ecran.montrerIteration(Joindre({alpha ? "Maximisation de la vraisemblance paramètre Alpha = "_w
-                                          : "Maximisation de la vraisemblance paramètres Béta = "_w,
-                                    Nombre(logVraisemblance), Monte(mouvement) ? std::string_view(" Incr+") : " Incr-"}));
+    ecran.montrerIteration(
+        Joindre({alpha ? "Maximisation de la vraisemblance paramètre Alpha = "_w
+                       : "Maximisation de la vraisemblance paramètres Béta = "_w,
+                 Nombre(logVraisemblance), Monte(mouvement) ? std::string_view(" Incr+") : " Incr-"}));
     ecran.progresser(static_cast<std::int64_t>(kPasDeProgression * std::log(1 / increment)));
   };
 }

@@ -215,7 +215,7 @@ TEST(DescripteurDeSaisie, RefusDansLOrdre) {
   etat.corrigee = 0;
   EXPECT_EQ(valider("ABC", "3", kCourte), "") << "a question keeps its own name";
   std::string lignes;
-  for (const DefinitionDeQuestion& question : etat.questions) lignes += LigneDeQuestion(question) + "|";
+  for (const DefinitionDeQuestion& question : etat.questions) lignes += LigneDuDescripteur(question) + "|";
   EXPECT_EQ(lignes, "ABC     3     |NOM     5A    |NUM    12A NUM|");
 }
 

@@ -102,7 +102,7 @@ void SaisieDes::Reprendre(int ligne) {
 void SaisieDes::MontrerListe() {
   ui_->ListVar->clear();
   for (const capture::DefinitionDeQuestion& question : etat_.questions)
-    ui_->ListVar->addItem(VersQt(capture::LigneDeQuestion(question)));
+    ui_->ListVar->addItem(VersQt(capture::LigneDuDescripteur(question)));
   ui_->ListVar->scrollToBottom();
   ui_->LabelNombre->setText(QString::number(etat_.questions.size()));
   for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSaisie}) bouton->setEnabled(!etat_.questions.empty());

@@ -108,7 +108,7 @@ void NomeMod::OuvrirModification() {
     return;
   }
   if (!edition_->Ranger()) return;
-  modalities::RemplacerModalites(modalites_, std::move(toutes.modalites));
+  modalities::ReprendreModalites(modalites_, std::move(toutes.modalites));
   MontrerModalites();
   ui_->TextMsg->setPlainText(VersQt(modalities::GuideDeLaModification()));
 }
