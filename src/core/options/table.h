@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -123,26 +124,54 @@ class TableDOptions {
     const auto place = [&](const OptionTrouvee& o) { return options_[o.rang].geste ? gestes_ : o.rang; };
     std::stable_sort(trouvees.begin(), trouvees.end(),
                      [&](const OptionTrouvee& a, const OptionTrouvee& b) { return place(a) < place(b); });
-    for (std::size_t i = 0; i < trouvees.size(); ++i) PoserSansContredire(options, trouvees, i);
+    RefuserDeuxTextes(trouvees);
+    PoserSansContredire(options, trouvees);
   }
 
-  // Sets one of the options of a launch behind those before it, none of which may come to say something else by that:
-  // an option that takes one value, or one for each name, is not given two, nor does another one undo what was asked.
-  void PoserSansContredire(Options& options, const std::vector<OptionTrouvee>& trouvees, std::size_t i) const {
-    const OptionTrouvee& posee = trouvees[i];
-    const Options avant = options;
-    poseurs_[posee.rang](options, posee.valeur);
-    for (std::size_t j = 0; j < i; ++j) {
-      const OptionTrouvee& autre = trouvees[j];
-      const Option& option = options_[autre.rang];
-      if (option.repetable) {
-        if (autre.rang == posee.rang && option.nomDe && option.nomDe(autre.valeur) == option.nomDe(posee.valeur) &&
-            Seule(autre) != Seule(posee))
-          RefuserDeuxValeurs(option.nom, autre.valeur, posee.valeur);
-      } else if (ecriveurs_[autre.rang](avant) != ecriveurs_[autre.rang](options)) {
-        if (autre.rang == posee.rang) RefuserDeuxValeurs(option.nom, autre.valeur, posee.valeur);
-        RefuserContradiction({option.nom, autre.valeur}, {options_[posee.rang].nom, posee.valeur});
-      }
+  using Textes = std::vector<std::string>;
+
+  // What an option says as it stands; nothing of one that may be repeated, to which others are added.
+  Textes Dits(const Options& options, const OptionTrouvee& trouvee) const {
+    return options_[trouvee.rang].repetable ? Textes() : ecriveurs_[trouvee.rang](options);
+  }
+
+  // Sets the options of a launch, of which each says at the end what it said when it was set: one that takes one value
+  // is not given two, nor does another one undo what was asked.
+  void PoserSansContredire(Options& options, const std::vector<OptionTrouvee>& trouvees) const {
+    const Options debut = options;
+    std::vector<Textes> dits;
+    for (const OptionTrouvee& trouvee : trouvees) {
+      poseurs_[trouvee.rang](options, trouvee.valeur);
+      dits.push_back(Dits(options, trouvee));
+    }
+    for (std::size_t i = 0; i < trouvees.size(); ++i)
+      if (Dits(options, trouvees[i]) != dits[i]) RefuserCeQuiDefait(debut, trouvees, i, dits[i]);
+  }
+
+  // Refuses the first option that makes one before it say something else.
+  [[noreturn]] void RefuserCeQuiDefait(Options options, const std::vector<OptionTrouvee>& trouvees, std::size_t defaite,
+                                       const Textes& dits) const {
+    const OptionTrouvee& une = trouvees[defaite];
+    for (std::size_t i = 0; i < trouvees.size(); ++i) {
+      const OptionTrouvee& autre = trouvees[i];
+      poseurs_[autre.rang](options, autre.valeur);
+      if (i <= defaite || Dits(options, une) == dits) continue;
+      if (autre.rang == une.rang) RefuserDeuxValeurs(options_[une.rang].nom, une.valeur, autre.valeur);
+      RefuserContradiction({options_[une.rang].nom, une.valeur}, {options_[autre.rang].nom, autre.valeur});
+    }
+    throw std::logic_error(Joindre({nom_, " : ", options_[une.rang].nom}));
+  }
+
+  // Refuses two values for one name, where each name has one: found by the names, of which there may be thousands.
+  void RefuserDeuxTextes(const std::vector<OptionTrouvee>& trouvees) const {
+    std::unordered_map<std::string, const OptionTrouvee*> premieres;
+    for (const OptionTrouvee& trouvee : trouvees) {
+      const Option& option = options_[trouvee.rang];
+      if (!option.nomDe) continue;
+      const OptionTrouvee& premiere =
+          *premieres.try_emplace(Joindre({option.nom, "=", option.nomDe(trouvee.valeur)}), &trouvee).first->second;
+      if (&premiere != &trouvee && Seule(premiere) != Seule(trouvee))
+        RefuserDeuxValeurs(option.nom, premiere.valeur, trouvee.valeur);
     }
   }
 
