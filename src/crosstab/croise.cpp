@@ -5,6 +5,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
+#include "core/texte/listes.h"
 #include "crosstab/edition/tables.h"
 #include "crosstab/enquete/preparation.h"
 #include "crosstab/sorties.h"
@@ -41,12 +42,15 @@ class Impression {
   void Traiter(Matrice effectifs, const Triple& triple, std::string_view modalite);
   void Ramener(Matrice& effectifs) const;
   const std::vector<std::string>& Intitules(std::size_t question);
+  void NoterIntitulePartage(const QuestionCroisee& question);
+  void PrevenirDesIntitulesPartages() const;
 
   const Contexte& contexte_;
   Rapport& rapport_;
   const EnqueteCroisee& enquete_;
   const DemandeCroise& demande_;
   std::vector<std::vector<std::string>> intitules_;  // of each question, made when first needed
+  std::vector<std::string> partages_;                // labels of those that may be another question's
   AjoutTrg trg_;
   JeuDeFichiers sorties_;
   ResultatLancement resultat_;
@@ -68,17 +72,23 @@ void Impression::ImprimerEnTete() {
   rapport_.Ligne();
 }
 
-// The .MOD names a modality, not its question: two questions may have one name, and so one label.
-void PrevenirDesIntitulesPartages(const Contexte& contexte, const EnqueteCroisee& enquete,
-                                  const QuestionCroisee& question) {
-  const std::optional<IntitulePartage> partage = ChercherIntitulePartage(enquete, question);
-  if (!partage) return;
-  contexte.Ecran().demander(
-      Joindre({kAttention, "l'intitulé "_w, partage->modalite, " de ", contexte.Nom(".MOD"), " peut être de "_w,
-               question.nom, " ou de ", partage->autre,
-               " : vérifiez dans le tableau les intitulés de ces questions, ou donnez à l'une d'elles un nom qui ne "
-               "commence pas par les deux mêmes lettres"_w}),
+// The .MOD names a modality, not its question: two questions may have one name, and so one label. Told once for a
+// launch, of however many questions.
+void Impression::PrevenirDesIntitulesPartages() const {
+  if (partages_.empty()) return;
+  contexte_.Ecran().demander(
+      Joindre({kAttention, "des intitulés de "_w, contexte_.Nom(".MOD"), " peuvent être d'une autre question : "_w,
+               Enumerer(partages_),
+               ". Vérifiez dans les tableaux les intitulés de ces questions, ou donnez à l'une de chaque paire un nom "
+               "qui ne commence pas par les deux mêmes lettres"_w}),
       Boutons::Ok);
+}
+
+void Impression::NoterIntitulePartage(const QuestionCroisee& question) {
+  const std::optional<IntitulePartage> partage = ChercherIntitulePartage(enquete_, question);
+  const auto deja = [&](const std::string& note) { return note.starts_with(partage->modalite); };
+  if (!partage || std::ranges::any_of(partages_, deja)) return;
+  partages_.push_back(Joindre({partage->modalite, " (", question.nom, " ou ", partage->autre, ")"}));
 }
 
 // Long labels belong to the wide edition.
@@ -88,7 +98,7 @@ const std::vector<std::string>& Impression::Intitules(std::size_t question) {
     const QuestionCroisee& q = enquete_.questions[question];
     const bool etendus = demande_.edition.choix == ChoixEdition::Etendue;
     intitules = etendus ? IntitulesEtendus(enquete_, q) : IntitulesCourts(q);
-    if (etendus) PrevenirDesIntitulesPartages(contexte_, enquete_, q);
+    if (etendus) NoterIntitulePartage(q);
   }
   return intitules;
 }
@@ -153,6 +163,7 @@ ResultatLancement Impression::Imprimer() {
   if (demande_.edition.choix == ChoixEdition::Triangulaire && trg_.tableauxRefuses > 0)
     rapport_.Ligne({"Tableau(x) sans trois colonnes, non ajouté(s) au fichier "_w, contexte_.Nom(".TRG"), " :",
                     NombreNu(trg_.tableauxRefuses)});
+  PrevenirDesIntitulesPartages();
   sorties_.Valider();
   return std::move(resultat_);
 }

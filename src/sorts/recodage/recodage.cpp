@@ -7,7 +7,6 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/panne/annonce.h"
-#include "core/programme/anciennecopie.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "core/programme/refus.h"
@@ -230,11 +229,14 @@ void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& 
 }
 
 // The modality file of the old generic, and the backup of the one that it replaces; an older backup goes on.
-void CopierModalites(const Contexte& contexte, Rapport& rapport, const std::string& nom,
-                     const std::optional<ModalitesSuivies>& suivies, JeuDeFichiers& sorties) {
+void CopierModalites(const Contexte& contexte, const std::string& nom, const std::optional<ModalitesSuivies>& suivies,
+                     JeuDeFichiers& sorties) {
   if (const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom)) {
-    ConserverSauvegarde(rapport, *ancien, NomDeSauvegarde(nom), sorties);
-    sorties.Copier(*ancien, NomDeSauvegarde(nom), Nature::Unique);
+    const std::string sauvegarde = NomDeSauvegarde(nom);
+    if (const std::string conservee = ConserverSauvegarde(sorties, *ancien, sauvegarde); !conservee.empty())
+      contexte.Ecran().demander(
+          Joindre({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, conservee}), Boutons::Ok);
+    sorties.Copier(*ancien, sauvegarde, Nature::Unique);
   }
   if (!suivies) return sorties.Copier(contexte.Exiger(".MOD"), nom, Nature::Unique);
   Ecrivain& fichier = sorties.Ouvrir(nom, Nature::Unique);
@@ -276,12 +278,12 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   ImprimerBilan(rapport, consignes, bilan, avertisseur);
   EcrirePosNeuf(sorties.Ouvrir(noms.Neuf(".POS"), Nature::Unique), consignes, plan, TailleDe(consignes, bilan),
                 noms.nouveau);
-  if (passerModalites) CopierModalites(contexte, rapport, noms.Neuf(".MOD"), modalites, sorties);
+  if (passerModalites) CopierModalites(contexte, noms.Neuf(".MOD"), modalites, sorties);
   EcrireInitialisation(sorties, noms.nouveau, contexte.niveau);
   ImprimerRemplacementDuGenerique(rapport, contexte, noms.nouveau, {".DAT", ".POS"});
   if (const std::string remarque = RemarqueSurLesTableaux(contexte, noms.nouveau, sorties.Achever(noms.Neuf(".DAT")));
       !remarque.empty())
-    rapport.Ligne(remarque);
+    contexte.Ecran().demander(remarque, Boutons::Ok);
   sorties.Valider();
   ImprimerFin(contexte, rapport, noms.nouveau);
 }
