@@ -58,6 +58,27 @@ while read -r cercle; do
     $1 in dedans && $2 in dedans { print "    " $3 " -> " $4 }' >&2
 done < <(cercles)
 
+# The floors of the core and of the forms, from the top: a room (a folder told here, with those below it that are not)
+# includes those of the floors below its own.
+declare -A ETAGES=(
+  [core]="options session / document dessin enquete resultats / programme / fichiers / calcul chiffres / panne / texte"
+  [forms]="cadre publication / cadre/menus / programmes / editeur images pieces / texte / services / aide qt"
+)
+for dossier in "${!ETAGES[@]}"; do
+  while read -r depuis vers fichier entete; do
+    refuser "$fichier : $vers n'est pas sous $depuis ($entete)"
+  done < <(git grep --untracked "^#include \"$dossier/" -- "src/$dossier" | awk -F '[:"]' -v base="$dossier" -v etages="${ETAGES[$dossier]}" '
+    function piece(chemin) {
+      do sub(/\/?[^\/]*$/, "", chemin); while (chemin != "" && !(chemin in etage))
+      return chemin
+    }
+    BEGIN { n = split(etages, mots, " "); for (i = 1; i <= n; i++) if (mots[i] == "/") ++rang; else etage[mots[i]] = rang + 0 }
+    {
+      depuis = piece(substr($1, length("src/" base "/") + 1)); vers = piece(substr($3, length(base "/") + 1))
+      if (depuis != vers && (depuis == "" || vers == "" || etage[vers] <= etage[depuis])) print depuis "|" vers "|" $1 "|" $3
+    }' | sed 's/^|/-|/; s/||/|-|/' | tr '|' ' ')
+done
+
 # A file of the generic may vanish while a form is open: Exiger raises what a dereferenced search would not.
 if git grep --untracked -nE -e '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' \
   -e '[cC]ontexte_?(\(\))?\.Chercher\([^()]*\)(->|\.value\(\))' -- src tests fuzz; then
@@ -68,7 +89,7 @@ fi
 change='std::(ofstream|fstream)|\bfopen\(|filesystem::(rename|remove|remove_all|copy_file|resize_file)\('
 change+='|(^|[ (!=])(::)?(unlink|rename|renameat2|truncate|ftruncate)\('
 if git grep --untracked -nE "$change" -- src ':!src/core/fichiers'; then refuser "fichier changé hors de core/fichiers"; fi
-if git grep --untracked -nE 'std::(cout|cerr|clog|printf|fprintf|puts|fputs|fwrite)\b' -- src ':!src/batch' ':!src/forms/aide/publication'; then
+if git grep --untracked -nE 'std::(cout|cerr|clog|printf|fprintf|puts|fputs|fwrite)\b' -- src ':!src/batch' ':!src/forms/publication'; then
   refuser "sortie écrite sans Rapport ni Dialogue"
 fi
 

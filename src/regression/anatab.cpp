@@ -13,7 +13,6 @@
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
-#include "core/resultats/colonnedenombres.h"
 #include "core/texte/listes.h"
 #include "regression/anatab/edition.h"
 #include "regression/anatab/editiondeseffets.h"
@@ -155,9 +154,7 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, TravailDA
   if (analyse.examinees < analyse.table.situations.size()) throw Erreur(kDivisionParZero);
   const double population = travail.analyse.table.Population();
   const double part = 100 * population / travail.base.individus;
-  rapport.Ligne();
-  rapport.Ligne(
-      {"Population concernée="_w, Figure(population, 5, 0), " soit ", NombreFixe(part, 3, 1), "% de l'effectif total"});
+  ImprimerPopulation(rapport, population, part);
   PrevenirDuMelange(contexte, rapport, travail, population);
   if (part < kPopulationSuffisante &&
       contexte.Ecran().demander("La population concernée est inférieure à 50%\nSouhaitez-vous continuer ?"_w,

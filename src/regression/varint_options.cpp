@@ -7,7 +7,8 @@ const Description<OptionsVarint>& DescriptionVarint() {
   static const Description<O> description =
       Description<O>("varint", "Profils de variables d'intérêt : les questions par la force de leur lien (.TRF)"_w,
                      [](const Contexte& contexte, const O& options) { return Varint(contexte, options); })
-          .Noms("questions", &O::questions, "questions dont on veut le profil"_w)
+          .Noms("questions", &O::questions,
+                "questions dont on veut le profil ; toutes, dans l'ordre du .POS, pour l'analyse factorielle"_w)
           .Alias({"listvar2"})
           .Choix("edition", &O::edition, {{"compacte", EditionVarint::Courte}, {"longue", EditionVarint::Longue}},
                  "avec les noms longs au niveau 2 seulement"_w)

@@ -62,6 +62,8 @@ void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAn
 }
 
 void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
+  constexpr int kEntiersDeLInertie = 7;
+  constexpr int kDecimalesDeLInertie = 6;
   const bool acp = analyse.type == TypeAnalyse::Acp;
   const std::string_view titre =
       acp ? "ACP : Analyse en composantes principales des ecarts" : "AFC : Analyse des correspondances";
@@ -70,7 +72,7 @@ void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
   rapport.Ligne(std::string(titre.size(), '*'));
   rapport.Ligne();
   rapport.Ligne({acp ? "La somme des carrés est de :"_w : "Le phi-deux est de :"_w,
-                 NombreFixe(analyse.ecarts.Inertie(analyse.type), 7, 6)});
+                 NombreFixe(analyse.ecarts.Inertie(analyse.type), kEntiersDeLInertie, kDecimalesDeLInertie)});
   rapport.Ligne();
 }
 

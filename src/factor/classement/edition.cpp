@@ -47,10 +47,12 @@ void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::sp
 }
 
 void ImprimerClasses(Rapport& rapport, int niveau, std::span<const std::vector<Rangee>> classes) {
+  constexpr int kEntiersDuNiveau = 4;
+  constexpr int kEntiersDeLaClasse = 2;
   const FormeEnRangees forme{.places = {{"    ", 2}}};
-  rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(niveau, 4, 0)});
+  rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(niveau, kEntiersDuNiveau, 0)});
   for (std::size_t k = 0; k < classes.size(); ++k) {
-    rapport.Ligne({"$$G", NombreFixe(static_cast<double>(k + 1), 2, 0)});
+    rapport.Ligne({"$$G", NombreFixe(static_cast<double>(k + 1), kEntiersDeLaClasse, 0)});
     for (const Rangee& modalite : classes[k]) rapport.Ligne(TexteDeRangee(modalite, forme));
   }
   rapport.Ligne("$$");

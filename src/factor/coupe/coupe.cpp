@@ -184,7 +184,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > kFoisPlus * LongueurFichier(*donnees));
 
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
-  for (const std::string& ligne : sorties.Recit()) rapport.Ligne(ligne);
+  rapport.Lignes(sorties.Recit());
   EcrireDonnees(sorties.Ouvrir(nouveau + ".DAT", Nature::Refaisable), *donnees, longueur, classes);
   EcrireQuestions(sorties.Ouvrir(nouveau + ".POS", Nature::Unique), questions, longueur, classes.nombre);
   CopierLignes(contexte.Exiger(".MOD"), sorties.Ouvrir(nouveau + ".MOD", Nature::Unique));

@@ -47,10 +47,11 @@ Fin RapporterEllipses(const Contexte& contexte, const BilanEllipses& bilan, Mode
 
 void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
   constexpr std::string_view kObserve = " (observé : "_w;
+  constexpr int kEntiersDeLEffectif = 4;
   FormeEnRangees forme{
       .places = {{"Kappa=", 1}, {" Pourcentage d'individus : ", 2}, {kObserve, 1, Elargissement::DerriereUnTexte}}};
-  rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=", NombreFixe(static_cast<double>(modalite.effectif), 4, 0),
-                 " ", modalite.intitule});
+  rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=",
+                 NombreFixe(static_cast<double>(modalite.effectif), kEntiersDeLEffectif, 0), " ", modalite.intitule});
   for (const Rangee& ellipse : TableDesEllipses(modalite).rangees) {
     rapport.Ligne(ellipse.titre);
     forme.avantIntitule = ellipse.cellules.size() == forme.places.size() ? ")" : "";

@@ -160,8 +160,8 @@ void Principal::RelierMenus() {
     if (!chemin.isEmpty()) resultats_->MontrerPartiel(CheminDepuisQt(chemin), false);
   });
   Relier("mnuEnregSous", [this] { sorties_->EnregistrerSous(); });
-  Relier("mnuImpr", [this] { sorties_->Imprimer(); });
-  Relier("mnuPDF", [this] { sorties_->ImprimerEnPdf(); });
+  Relier("mnuImpr", [this] { sorties_->DemanderImpression(); });
+  Relier("mnuPDF", [this] { sorties_->DemanderPdf(); });
   for (const EntreeDAide& entree : EntreesDAide())
     Relier(entree.nom, [this, &entree] { aide_.Ouvrir(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
@@ -189,7 +189,7 @@ void Principal::RelierControles() {
           [this](const QString& choisi) { lanceur_.Garder([&] { ChoisirGenerique(choisi); }); });
   connect(ui_->CmdGenAncien, &QPushButton::clicked, this, Garde([this] { ChoisirGenerique(VersQt(session_.ancien)); }));
   connect(ui_->BoutonEnregS, &QPushButton::clicked, this, Garde([this] { sorties_->EnregistrerSous(); }));
-  connect(ui_->BoutonImpr, &QPushButton::clicked, this, Garde([this] { sorties_->Imprimer(); }));
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, Garde([this] { sorties_->DemanderImpression(); }));
   connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { resultats_->Remplacer({}); });
   connect(ui_->BoutNouv, &QPushButton::clicked, this, Garde([this] { NouvelleDemande(); }));
   connect(ui_->BoutImport, &QPushButton::clicked, this, Garde([this] { OuvrirSourceImport(services_); }));

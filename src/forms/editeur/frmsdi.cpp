@@ -57,8 +57,8 @@ void frmSDI::RelierMenus() {
   relier(ui_->mnuRecharger, [this] { Recharger(); });
   relier(ui_->mnuEnregistrer, [this] { Enregistrer(); });
   relier(ui_->mnuEnregSous, [this] { EnregistrerSous(); });
-  relier(ui_->mnuImprimer, [this] { Imprimer(); });
-  relier(ui_->mnuPDF, [this] { ImprimerEnPdf(); });
+  relier(ui_->mnuImprimer, [this] { DemanderImpression(); });
+  relier(ui_->mnuPDF, [this] { DemanderPdf(); });
   relier(ui_->mnuFermer, [this] { close(); });
   relier(ui_->mnuChercher, [this] { OuvrirRecherche(false); });
   relier(ui_->mnuRemplacer, [this] { OuvrirRecherche(true); });
@@ -169,12 +169,12 @@ void frmSDI::Dire(const QString& phrase) { ui_->BarreDEtat->showMessage(phrase, 
 
 // --- paper ---
 
-void frmSDI::Imprimer() {
+void frmSDI::DemanderImpression() {
   const QString texte = QString::fromStdU16String(ui_->TexteEd->TexteComplet());
-  if (!ImprimerParDialogue(this, texte, Nom())) Dire(VersQt(kPasDImprimante));
+  if (!DemanderImpressionDuTexte(this, texte, Nom())) Dire(VersQt(kPasDImprimante));
 }
 
-void frmSDI::ImprimerEnPdf() {
+void frmSDI::DemanderPdf() {
   const QFileInfo source(fichier_.isEmpty() ? Nom() : fichier_);
   const QString propose = DossierDeDepart() + u'/' + source.fileName() + QStringLiteral(".pdf");
   const QString texte = QString::fromStdU16String(ui_->TexteEd->TexteComplet());

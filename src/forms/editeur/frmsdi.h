@@ -76,8 +76,8 @@ class frmSDI : public QMainWindow {
   void Dire(const QString& phrase);
   QString Nom() const;
   QString DossierDeDepart() const;
-  void Imprimer();
-  void ImprimerEnPdf();
+  void DemanderImpression();
+  void DemanderPdf();
 
   // fichier.cpp: file
   bool Perdre();  // asks about a text that is not saved; false when it must stay

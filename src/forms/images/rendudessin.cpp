@@ -246,7 +246,7 @@ std::string OctetsDuDessin(const Chemin& fichier, const Dessin& dessin, int reso
   return octets.data().toStdString();
 }
 
-bool ImprimerDessin(QWidget* parent, const Dessin& dessin) {
+bool DemanderImpressionDuDessin(QWidget* parent, const Dessin& dessin) {
   QPrinter imprimante(QPrinter::HighResolution);
   imprimante.setPageOrientation(dessin.Largeur() > dessin.Hauteur() ? QPageLayout::Landscape : QPageLayout::Portrait);
   if (!DemanderImprimante(parent, imprimante, ChoixDePages::Aucun)) return false;

@@ -28,6 +28,6 @@ std::string OctetsDuDessin(const Chemin& fichier, const Dessin& dessin, int reso
 
 // Asks for the printer and prints the picture on one page, as large as it goes; false when there is no printer or the
 // user gave up.
-bool ImprimerDessin(QWidget* parent, const Dessin& dessin);
+bool DemanderImpressionDuDessin(QWidget* parent, const Dessin& dessin);
 
 }  // namespace quelvar::forms

@@ -5,6 +5,7 @@
 #include "forms/images/rendudessin.h"
 #include "forms/qt/imprimante.h"
 #include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "forms/texte/enregistrement.h"
 
 namespace quelvar::forms {
@@ -37,7 +38,7 @@ void RelierSorties(QWidget& forme, Services& services, const VueDessin& vue, con
     if (const auto fichier = EnregistrerSous(&forme, enregistrement)) Annoncer(forme, services, *fichier);
   };
   const auto imprimer = [&forme, &services, &vue] {
-    if (!ImprimerDessin(&forme, vue.Contenu())) services.ecran.demander(kPasDImprimante, Boutons::Ok);
+    if (!DemanderImpressionDuDessin(&forme, vue.Contenu())) services.ecran.demander(kPasDImprimante, Boutons::Ok);
   };
   QObject::connect(&boutons.enregistrer, &QAbstractButton::clicked, &forme, enregistrer);
   QObject::connect(&boutons.enregistrerSous, &QAbstractButton::clicked, &forme, enregistrerSous);

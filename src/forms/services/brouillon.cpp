@@ -2,17 +2,9 @@
 
 #include <utility>
 
+#include "forms/services/sauvegarde.h"
+
 namespace quelvar::forms {
-
-namespace {
-
-void Ecrire(const Chemin& chemin, std::string_view octets) {
-  Remplacement fichier(chemin);
-  fichier.Fichier().Ecrire(octets);
-  fichier.Valider();
-}
-
-}  // namespace
 
 Brouillon::Brouillon(const Contexte& contexte, std::string_view extension, std::string prepare)
     : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))),
@@ -39,12 +31,12 @@ void Brouillon::Poser() {
   const Etat pose = std::exchange(etat_, {.commence = true});
   if (!pose.prepare && pose.ajouts.empty()) return;
   avant_ = Avant{pose, Fichier()};
-  Ecrire(chemin_, pose.prepare.value_or(avant_->fichier.value_or("")) + pose.ajouts);
+  RemplacerFichier(chemin_, pose.prepare.value_or(avant_->fichier.value_or("")) + pose.ajouts, Nature::Refaisable);
 }
 
 void Brouillon::Reprendre() {
   if (!avant_) return;
-  if (avant_->fichier) Ecrire(chemin_, *avant_->fichier);
+  if (avant_->fichier) RemplacerFichier(chemin_, *avant_->fichier, Nature::Refaisable);
   else EffacerFichier(chemin_);
   etat_ = std::move(avant_->etat);
   avant_.reset();

@@ -7,6 +7,12 @@
 
 namespace quelvar::forms {
 
+void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature) {
+  Remplacement remplacement(fichier, nature);
+  remplacement.Fichier().Ecrire(octets);
+  remplacement.Valider();
+}
+
 GeneriqueTenu TenirEnLeDisant(const Services& services, const Contexte& contexte, std::string_view extension) {
   GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(extension));
   std::string reparations;

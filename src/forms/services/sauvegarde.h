@@ -1,4 +1,5 @@
-// The saves of forms that stay open: run as programs are, with no report.
+// The saves of forms: a file in the place of another, and what forms that stay open save as programs do, with no
+// report.
 #pragma once
 
 #include <QString>
@@ -6,12 +7,16 @@
 #include <optional>
 #include <string_view>
 
+#include "core/fichiers/fichiers.h"
 #include "core/fichiers/generiquetenu.h"
 #include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "forms/services/services.h"
 
 namespace quelvar::forms {
+
+// Puts these bytes in the place of a file. Raises a failure of writing: the file then stays what it was.
+void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature);
 
 // Holds the data set for the output of that extension; a box tells what was repaired before. Raises what GeneriqueTenu
 // raises.

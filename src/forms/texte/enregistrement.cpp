@@ -7,6 +7,7 @@
 #include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
 #include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "forms/texte/impression.h"
 
 namespace quelvar::forms {
@@ -65,12 +66,6 @@ std::optional<Chemin> EnregistrerSous(QWidget* fenetre, const Enregistrement& en
   };
   const bool ecrit = EcrireOuDire(fenetre, nom.fichier, ecrire, enregistrement.consolation);
   return ecrit && permis ? std::optional(nom.fichier) : std::nullopt;
-}
-
-void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature) {
-  Remplacement remplacement(fichier, nature);
-  remplacement.Fichier().Ecrire(octets);
-  remplacement.Valider();
 }
 
 std::optional<QString> EnregistrerEnPdf(QWidget* fenetre, const QString& propose, const QString& texte,

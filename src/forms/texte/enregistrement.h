@@ -36,9 +36,6 @@ struct Enregistrement {
 // The file written; nothing when the user gave up, the file was not permitted, or writing failed.
 std::optional<Chemin> EnregistrerSous(QWidget* fenetre, const Enregistrement& enregistrement);
 
-// Puts these bytes in the place of a file. Raises a failure of writing: the file then stays what it was.
-void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature);
-
 // Asks for a PDF file of a text and writes it; `propose` is the path that the box begins with. Returns as
 // EnregistrerSous.
 std::optional<QString> EnregistrerEnPdf(QWidget* fenetre, const QString& propose, const QString& texte,

@@ -54,7 +54,7 @@ QList<QStringList> MettreEnPages(const QString& texte, int colonnes, int lignes)
   return pages;
 }
 
-int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString& titre, int premiere, int derniere) {
+int MettreSurPapier(QPagedPaintDevice& papier, const QString& texte, const QString& titre, int premiere, int derniere) {
   const QFont police = PoliceDesTextes();
   const Page page = MesurerPage(papier, police);
   const QList<QStringList> pages = MettreEnPages(texte, page.colonnes, page.lignes);
@@ -79,12 +79,12 @@ int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString
   return nombre;
 }
 
-bool ImprimerParDialogue(QWidget* parent, const QString& texte, const QString& titre) {
+bool DemanderImpressionDuTexte(QWidget* parent, const QString& texte, const QString& titre) {
   QPrinter imprimante;
   imprimante.setDocName(titre);
   imprimante.setPageMargins(kMarges, QPageLayout::Millimeter);
   if (!DemanderImprimante(parent, imprimante, ChoixDePages::Permis)) return false;
-  ImprimerTexte(imprimante, texte, titre, imprimante.fromPage(), imprimante.toPage());
+  MettreSurPapier(imprimante, texte, titre, imprimante.fromPage(), imprimante.toPage());
   return true;
 }
 
@@ -104,7 +104,7 @@ std::string PdfDuTexte(const QString& texte, const QString& titre) {
       return ligne.size() > colonnes;
     };
     if (std::any_of(lignes.begin(), lignes.end(), deborde)) papier.setPageOrientation(QPageLayout::Landscape);
-    ImprimerTexte(papier, texte, titre);
+    MettreSurPapier(papier, texte, titre);
   }
   return pdf.data().toStdString();
 }

@@ -7,6 +7,7 @@
 #include "core/fichiers/fichiers.h"
 #include "forms/qt/imprimante.h"
 #include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
 
@@ -47,12 +48,12 @@ void SortiesTexte::EnregistrerSous() {
   if (ecrit) annoncer_(QStringLiteral("Enregistré sous ") + CheminVersQt(*ecrit));
 }
 
-void SortiesTexte::Imprimer() {
-  if (!ImprimerParDialogue(&fenetre_, resultats_.Texte().toPlainText(), VersQt(session_.fichierAffiche)))
+void SortiesTexte::DemanderImpression() {
+  if (!DemanderImpressionDuTexte(&fenetre_, resultats_.Texte().toPlainText(), VersQt(session_.fichierAffiche)))
     ecran_.demander(kPasDImprimante, Boutons::Ok);
 }
 
-void SortiesTexte::ImprimerEnPdf() {
+void SortiesTexte::DemanderPdf() {
   const QString nom = VersQt(session_.fichierAffiche);
   const QString propose = QFileInfo(nom).completeBaseName() + u'_' + QFileInfo(nom).suffix() + QStringLiteral(".pdf");
   const std::optional<QString> ecrit =

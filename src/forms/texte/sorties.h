@@ -17,8 +17,8 @@ class SortiesTexte {
                std::function<void(const QString& phrase)> annoncer);
 
   void EnregistrerSous();
-  void Imprimer();
-  void ImprimerEnPdf();
+  void DemanderImpression();
+  void DemanderPdf();
 
  private:
   bool PeutRemplacer(const Chemin& fichier);

@@ -1,5 +1,6 @@
 #include "regression/anatab/edition.h"
 
+#include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "regression/anatab/resultats.h"
 
@@ -50,6 +51,17 @@ void ImprimerSituations(Rapport& rapport, const AnalyseTabulaire& analyse) {
                                            {.entiers = 4, .elargissement = kSerre, .avantTitre = " "},
                                            {.avant = " ", .entiers = 3, .avantTitre = " "}});
   ImprimerRangees(rapport, TableauDesSituations(analyse), forme);
+}
+
+std::string TexteDePourcentage(double pourcentage) {
+  constexpr int kEntiers = 3;
+  return NombreFixe(pourcentage, kEntiers, 1);
+}
+
+void ImprimerPopulation(Rapport& rapport, double population, double part) {
+  rapport.Ligne();
+  rapport.Ligne({"Population concernée="_w, Figure(population, kEntiersDUnEffectif, 0), " soit ",
+                 TexteDePourcentage(part), "% de l'effectif total"});
 }
 
 }  // namespace quelvar::regression

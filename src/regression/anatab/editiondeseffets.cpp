@@ -15,6 +15,8 @@ std::string_view TitreDAnalyse(MesureDEffet mesure) {
   return mesure == MesureDEffet::Points ? "tabulaire" : "logistique";
 }
 
+constexpr int kEntiersDUnEffet = 3;
+
 // The columns of the sub-effects of one modality.
 struct ColonnesSousEffets {
   ColonneDeNombres effet;
@@ -104,8 +106,9 @@ void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Mo
     rapport.Ligne();
     lignes.ImprimerEntete(rapport);
   });
-  rapport.Ligne({"moyenne pondérée des sous-effets ="_w, Figure(effet.moyenne, 3, DecimalesDEffet(analyse.mesure))});
-  rapport.Ligne({"Ecart type pondéré en pourcentage ="_w, Figure(effet.ecartType, 3, 1)});
+  rapport.Ligne({"moyenne pondérée des sous-effets ="_w,
+                 Figure(effet.moyenne, kEntiersDUnEffet, DecimalesDEffet(analyse.mesure))});
+  rapport.Ligne({"Ecart type pondéré en pourcentage ="_w, Figure(effet.ecartType, kEntiersDUnEffet, 1)});
   if (effet.EcartDepasseMoyenne()) {
     rapport.Ligne("*** attention");
     rapport.Ligne("    l'écart-type est plus grand que la valeur absolue de la moyenne"_w);
@@ -207,12 +210,13 @@ void ImprimerTitreParametres(Rapport& rapport, const Modele& modele, MesureDEffe
 }
 
 void ImprimerReference(Rapport& rapport, const AnalyseTabulaire& analyse) {
+  constexpr int kEntiersDuKhi2 = 4;
   const Situation& situation = analyse.Reference();
-  rapport.Ligne({NomsDeSituation(analyse, analyse.reference), " = ", NombreFixe(situation.pourcentage, 3, 1),
-                 "   effectif associé ="_w, Figure(situation.effectif, 5, 0)});
-  rapport.Ligne({"Ecart-type en pourcentage =", NombreFixe(situation.EcartTypeEnPoints(), 3, 1)});
-  rapport.Ligne(
-      {"Khi-deux =", Figure(analyse.khi2Reference.khi2, 4, 1), " ", MarqueDeCellule(analyse.khi2Reference.classe)});
+  rapport.Ligne({NomsDeSituation(analyse, analyse.reference), " = ", TexteDePourcentage(situation.pourcentage),
+                 "   effectif associé ="_w, Figure(situation.effectif, kEntiersDUnEffectif, 0)});
+  rapport.Ligne({"Ecart-type en pourcentage =", TexteDePourcentage(situation.EcartTypeEnPoints())});
+  rapport.Ligne({"Khi-deux =", Figure(analyse.khi2Reference.khi2, kEntiersDuKhi2, 1), " ",
+                 MarqueDeCellule(analyse.khi2Reference.classe)});
   rapport.Ligne();
   rapport.Ligne();
 }

@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::string_view kExtensions[] = {".CD2", ".CD4", ".cd6", ".cd7", ".cd8"};
 
+// Numbers of the work files: those of the situations, and those of the list of groups.
+constexpr int kEntiersDesSituations = 6;
+constexpr int kEntiersDUnPourcentage = 3;
+constexpr int kDecimalesDUnPourcentage = 6;
+constexpr int kEntiersDeLaListe = 4;
+
 Ecrivain Ouvrir(const Contexte& contexte, std::string_view extension) {
   return Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension)));
 }
@@ -37,7 +43,8 @@ void EcrireSituations(Ecrivain fichier, const AnalyseTabulaire& analyse) {
     for (const std::uint32_t k : analyse.table.Modalites(s))
       for (const std::string& morceau : {analyse.cellules[k].intitule, analyse.cellules[k].role})
         fichier.Ecrire(morceau);
-    fichier.Ligne(Joindre({NombreFixe(situation.effectif, 6, 0), NombreFixe(situation.pourcentage, 3, 6)}));
+    fichier.Ligne(Joindre({NombreFixe(situation.effectif, kEntiersDesSituations, 0),
+                           NombreFixe(situation.pourcentage, kEntiersDUnPourcentage, kDecimalesDUnPourcentage)}));
   }
   fichier.Fermer();
 }
@@ -97,8 +104,8 @@ void EcrireListeFinale(const Contexte& contexte, const TravailDAnatab& travail) 
     // when the explained question has two.
     const std::string ligne = LigneComptee(travail.individus.fiches, comptee);
     const std::string_view marques = Milieu(ligne, 1, noms.size());
-    fichier.Ecrire(NombreFixe(++numero, 4, 0));
-    fichier.Ecrire(NombreFixe(ValeurDe(Milieu(ligne, noms.size() + 1)), 4, 0));
+    fichier.Ecrire(NombreFixe(++numero, kEntiersDeLaListe, 0));
+    fichier.Ecrire(NombreFixe(ValeurDe(Milieu(ligne, noms.size() + 1)), kEntiersDeLaListe, 0));
     fichier.Ecrire(marques);
     fichier.Ecrire(' ');
     for (std::size_t c = 0; c < marques.size(); ++c) {

@@ -15,6 +15,13 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kLargeur = kIntituleDeModaliteAuPlus;
+// Figures within sentences; probabilities and the general mean have one column before the point.
+constexpr int kEntiersDeLaVraisemblance = 6;
+constexpr int kDecimalesDeLaVraisemblance = 4;
+constexpr int kEntiersDesDegres = 3;
+constexpr int kDecimalesDUneProbabilite = 3;
+constexpr int kDecimalesDUneMoyenne = 4;
+constexpr int kEntiersDesIterations = 4;
 constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
 constexpr std::string_view kVingtCinqBlancs = "                         ";
 
@@ -71,7 +78,8 @@ struct MotsDesMoyennes {
 // A mean of each modality with its distance from the general one, beside that of what was observed.
 void ImprimerMoyennes(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& moyennes, const MotsDesMoyennes& mots) {
-  rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, 4)});
+  rapport.Ligne(
+      {TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, kDecimalesDUneMoyenne)});
   rapport.Ligne();
   ImprimerRangees(
       rapport, TableauDesMoyennes(travail, moyennes, mots.sorte),
@@ -96,19 +104,22 @@ void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const M
   ImprimerIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
   ImprimerEffetsMarginaux(rapport, travail, ajuste);
-  rapport.Ligne({"Log-Vraisembl.", Figure(ajuste.ajustement.logVraisemblance, 6, 4)});
+  rapport.Ligne({"Log-Vraisembl.",
+                 Figure(ajuste.ajustement.logVraisemblance, kEntiersDeLaVraisemblance, kDecimalesDeLaVraisemblance)});
   rapport.Ligne();
 }
 
 void ImprimerTests(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                    const TestsDuModele& tests) {
   ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.titre = 14, .places = {{"", 5, kLibre}}});
-  rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
-                 " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
+  rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), kEntiersDesDegres, 0),
+                 " Prob.=", NombreFixe(tests.modele.Depassement(), 1, kDecimalesDUneProbabilite), " ",
+                 tests.modele.probabilite.marque});
   ImprimerRangees(
       rapport, TableauDesTests(travail, tests),
       {.titre = kLargeur, .places = {{" Khideux de Vrais.", 5, kLibre}, {" Significatif à "_w, 1}, {"  ", 3}}});
-  rapport.Ligne({"Nb d'itérations= "_w, NombreFixe(static_cast<double>(ajuste.ajustement.iterations), 4, 0)});
+  rapport.Ligne(
+      {"Nb d'itérations= "_w, NombreFixe(static_cast<double>(ajuste.ajustement.iterations), kEntiersDesIterations, 0)});
   rapport.Ligne();
 }
 

@@ -15,6 +15,13 @@ constexpr int kAvantLesTitres = 23;
 constexpr int kSourceDeVariance = 11;
 constexpr int kAvantLaMarque = 62;  // columns, up to the word "Signification" of the line above
 
+constexpr int kEntiersDesDegres = 3;
+constexpr int kEntiersDuF = 8;
+constexpr int kDecimales = 4;  // of F, R2 and R
+
+// R2 or R, a zero or a one before the point.
+std::string Correlation(double valeur) { return NombreFixe(valeur, 1, kDecimales); }
+
 // Columns of a value in the table of data, with the blank in front of it.
 int LargeurDeValeur(const VariablesDeRegression& variables) { return static_cast<int>(variables.largeur) + 1; }
 
@@ -66,12 +73,13 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
                             .noms = {EnHaut(11), SurLesDeux(18, 19, 9), SurLesDeux(34, 34, 5)},
                             .colonnes = {42, 41}}});
   rapport.Ligne();
-  rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",
-                 Figure(a.degres, 3, 0), " ) =", Figure(a.f, 8, 4), "  Signification  "});
+  rapport.Ligne(
+      {"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), kEntiersDesDegres, 0), " , ",
+       Figure(a.degres, kEntiersDesDegres, 0), " ) =", Figure(a.f, kEntiersDuF, kDecimales), "  Signification  "});
   rapport.Ligne({CadreGauche("", kAvantLaMarque), signification});
   rapport.Ligne();
-  rapport.Ligne({"Rapport var.expl./var.tot.: R2 =", NombreFixe(a.R2(), 1, 4)});
-  rapport.Ligne({"Coefficient de corrélation: R  ="_w, NombreFixe(a.R(), 1, 4)});
+  rapport.Ligne({"Rapport var.expl./var.tot.: R2 =", Correlation(a.R2())});
+  rapport.Ligne({"Coefficient de corrélation: R  ="_w, Correlation(a.R())});
   rapport.Ligne();
 }
 

@@ -113,74 +113,74 @@ double PasDeGraduation(double etendue) {
 
 Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
 
-void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre, Occupation& occupation) {
+void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre, PlacesPrises& prises) {
   const Police police{
       .corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre};
   const std::string texte = Nombre(Arrondir(valeur, 1));
   cadre.Page().Texte(cadre.Projeter(a.x, a.y), texte, police, decalage);
-  occupation.Prendre(ZoneDuTexte(Ajouter(cadre.SurPage(a.x, a.y), decalage), texte, police));
+  prises.Prendre(ZoneDuTexte(Ajouter(cadre.SurPage(a.x, a.y), decalage), texte, police));
 }
 
 void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre,
-                      Occupation& occupation) {
+                      PlacesPrises& prises) {
   cadre.Page().Ligne(cadre.Projeter(a.x, a.y), cadre.Projeter(b.x, b.y),
                      {.couleur = Couleur::GrisClair, .epaisseur = kTraitFin, .style = StyleTrait::Pointilles});
-  EcrireValeur(cadre, a, valeur, decalage, ancre, occupation);
+  EcrireValeur(cadre, a, valeur, decalage, ancre, prises);
 }
 
 constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
 
 // The sides, and along each the values of one percentage from its lower to its upper limit. Of a right angle both
 // upright sides bear the ordinate, on the same lines.
-void TracerCotes(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void TracerCotes(Cadre& cadre, const EtatTriangle& etat, PlacesPrises& prises) {
   const CotesTriangle& c = etat.cotes;
   const double etendue = c.droit - c.gauche - c.bas;
   const double pas = PasDeGraduation(etendue);
   const auto premiere = [pas](double limite) { return std::ceil(limite / pas - kArrondi) * pas; };
   cadre.Page().Calquer("cotes");
   for (double v = premiere(c.gauche); v <= c.gauche + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, kSousLaBase}, Ancre::Milieu, occupation);
+    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, kSousLaBase}, Ancre::Milieu, prises);
   for (double v = premiere(c.bas); v <= c.bas + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {kHorsDUnCote, 0}, Ancre::Debut, occupation);
+    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {kHorsDUnCote, 0}, Ancre::Debut, prises);
   const bool angleDroit = etat.reglages.forme == FormeTriangle::AngleDroit;
   for (double v = premiere(c.bas); angleDroit && v <= c.bas + etendue + kArrondi; v += pas)
-    EcrireValeur(cadre, {c.gauche, v}, v, {-kHorsDUnCote, 0}, Ancre::Fin, occupation);
+    EcrireValeur(cadre, {c.gauche, v}, v, {-kHorsDUnCote, 0}, Ancre::Fin, prises);
   const double troisieme = 100 - c.droit;
   for (double v = premiere(troisieme); !angleDroit && v <= troisieme + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-kHorsDUnCote, 0}, Ancre::Fin,
-                     occupation);
+                     prises);
   const std::array<Position, 3> sommets = cadre.Sommets();
   for (std::size_t i = 0; i < 3; ++i) {
     const Position de = sommets[i];
     const Position a = sommets[(i + 1) % 3];
     cadre.Page().Ligne(cadre.Projeter(de.x, de.y), cadre.Projeter(a.x, a.y), {.epaisseur = kTraitDeCote});
-    occupation.PrendreTrait(cadre.SurPage(de.x, de.y), cadre.SurPage(a.x, a.y));
+    prises.PrendreTrait(cadre.SurPage(de.x, de.y), cadre.SurPage(a.x, a.y));
   }
 }
 
 void EcrireEntree(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, const Police& police,
-                  Position decalage, Occupation& occupation) {
+                  Position decalage, PlacesPrises& prises) {
   const EntreeTriangle& entree = etat.entrees[rang];
   if (entree.invisible || entree.texte.empty()) return;
   Dessin& page = cadre.Page();
   page.Designer(static_cast<std::int32_t>(rang));
   const Position deplace = Ajouter(decalage, entree.deplacement);
   page.Texte(place, entree.texte, police, deplace);
-  occupation.Prendre(ZoneDuTexte(Ajouter(page.VersPage(place), deplace), entree.texte, police));
+  prises.Prendre(ZoneDuTexte(Ajouter(page.VersPage(place), deplace), entree.texte, police));
 }
 
-void EcrireTitreEtSommets(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void EcrireTitreEtSommets(Cadre& cadre, const EtatTriangle& etat, PlacesPrises& prises) {
   Dessin& page = cadre.Page();
   page.Calquer("titres");
   EcrireEntree(cadre, etat, 0, page.VersUtilisateur({page.Largeur() / 2, kLigneDuTitre}),
-               {.corps = kCorpsDuTitre, .gras = true, .ancre = Ancre::Milieu}, {}, occupation);
+               {.corps = kCorpsDuTitre, .gras = true, .ancre = Ancre::Milieu}, {}, prises);
   const std::array<Position, 3> sommets = cadre.Sommets();
   const std::array<std::size_t, 3> axes = {etat.axes[2], etat.axes[0], etat.axes[1]};
   const std::array<Position, 3> decalages = {Position{0, kSousUnSommet}, Position{0, kSousUnSommet},
                                              Position{0, -kSurLeSommet}};
   for (std::size_t i = 0; i < 3; ++i)
     EcrireEntree(cadre, etat, 1 + axes[i], cadre.Projeter(sommets[i].x, sommets[i].y),
-                 {.corps = kCorpsDesSommets, .gras = true, .ancre = Ancre::Milieu}, decalages[i], occupation);
+                 {.corps = kCorpsDesSommets, .gras = true, .ancre = Ancre::Milieu}, decalages[i], prises);
 }
 
 // The text of a point's label.
@@ -200,14 +200,14 @@ void TracerMarque(Dessin& page, Position place, int marque) {
               {.couleur = Couleur::BleuFonce, .epaisseur = kTraitDeMarque});
 }
 
-void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, Occupation& occupation) {
+void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, PlacesPrises& prises) {
   const EntreeTriangle& entree = etat.entrees[rang];
   const std::string texte = TexteDuPoint(etat, etat.trg.points[rang - kEntreeDuPremierPoint]);
   Police police{.corps = Corps(etat.reglages.taille),
                 .gras = etat.reglages.gras,
                 .halo = etat.trg.points.size() <= kPointsAHalo ? 1.0 : 0.0};
   const Position point = cadre.Page().VersPage(place);
-  const PlaceDIntitule choisie = entree.deplacee ? PremierePlace() : ChoisirPlace(occupation, point, texte, police);
+  const PlaceDIntitule choisie = entree.deplacee ? PremierePlace() : ChoisirPlace(prises, point, texte, police);
   police.ancre = choisie.ancre;
   police.niveau = choisie.niveau;
   const Position decalage = Ajouter({choisie.dx, choisie.dy}, entree.deplacement);
@@ -215,7 +215,7 @@ void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Po
     cadre.Page().Ligne(place, cadre.Page().VersUtilisateur(Ajouter(point, decalage)),
                        {.couleur = Couleur::Gris, .epaisseur = kTraitFin});
   cadre.Page().Texte(place, texte, police, decalage);
-  occupation.Prendre(ZoneDuTexte(Ajouter(point, decalage), texte, police));
+  prises.Prendre(ZoneDuTexte(Ajouter(point, decalage), texte, police));
 }
 
 // Ranks of the entries of the points that are shown.
@@ -241,7 +241,7 @@ void TracerLiens(Cadre& cadre, const EtatTriangle& etat, const std::vector<std::
   }
 }
 
-void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void TracerPoints(Cadre& cadre, const EtatTriangle& etat, PlacesPrises& prises) {
   Dessin& page = cadre.Page();
   page.Calquer("points");
   const std::vector<std::size_t> montrees = EntreesMontrees(etat);
@@ -254,7 +254,7 @@ void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation
     page.Designer(static_cast<std::int32_t>(rang));
     TracerMarque(page, place(rang), etat.entrees[rang].marque);
     const Position p = page.VersPage(place(rang));
-    occupation.Prendre({p.x - kDemiMarque, p.y - kDemiMarque, 2 * kDemiMarque, 2 * kDemiMarque});
+    prises.Prendre({p.x - kDemiMarque, p.y - kDemiMarque, 2 * kDemiMarque, 2 * kDemiMarque});
   }
   page.Calquer("intitules");
   // Those that the user placed come first: the others keep clear of them.
@@ -262,7 +262,7 @@ void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation
     for (const std::size_t rang : montrees)
       if (etat.entrees[rang].deplacee == deplacees) {
         page.Designer(static_cast<std::int32_t>(rang));
-        EcrireIntitule(cadre, etat, rang, place(rang), occupation);
+        EcrireIntitule(cadre, etat, rang, place(rang), prises);
       }
   page.Designer(-1);
 }
@@ -299,11 +299,11 @@ Position EcartDeLaPlace(const EtatTriangle& etat, std::size_t entree) {
 
 Dessin DessinerTriangle(const EtatTriangle& etat) {
   Cadre cadre(etat);
-  Occupation occupation(cadre.Page().Largeur(), cadre.Page().Hauteur());
-  TracerCotes(cadre, etat, occupation);
-  EcrireTitreEtSommets(cadre, etat, occupation);
+  PlacesPrises prises(cadre.Page().Largeur(), cadre.Page().Hauteur());
+  TracerCotes(cadre, etat, prises);
+  EcrireTitreEtSommets(cadre, etat, prises);
   TracerCentre(cadre, etat);
-  TracerPoints(cadre, etat, occupation);
+  TracerPoints(cadre, etat, prises);
   return std::move(cadre.Page());
 }
 

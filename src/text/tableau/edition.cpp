@@ -22,8 +22,10 @@ void ImprimerQuestions(Rapport& rapport, const FichierPos& pos, std::int64_t ind
 }
 
 void ImprimerBilan(Rapport& rapport, int niveau, const OptionsTabMot& options, const TableLexicale& table) {
+  constexpr int kEntiersDUneFrequence = 4;
   rapport.Ligne(options.codesZero ? "Les codes zéro sont pris en compte"_w : "Les codes zéro sont ignorés"_w);
-  rapport.Ligne({"La fréquence minimum requise est de "_w, NombreFixe(options.FrequenceExigee(), 4, 0)});
+  rapport.Ligne(
+      {"La fréquence minimum requise est de "_w, NombreFixe(options.FrequenceExigee(), kEntiersDUneFrequence, 0)});
   if (niveau == kNiveauSimple) rapport.Ligne("Ces paramètres peuvent être modifiés en niveau 2 d'utilisateur"_w);
   rapport.Ligne();
   rapport.Ligne({"Nombre de mots lus en entrée "_w, NombreNu(table.motsLus)});

@@ -12,8 +12,9 @@ void ImprimerTeteDeFusion(Rapport& rapport, const EntreeChoisie& a, const Entree
 }
 
 void ImprimerEffectif(Rapport& rapport, const FichierMesure& mesure) {
+  constexpr int kEntiersDesIndividus = 6;
   rapport.Ligne({" Le nombre d'individus du fichier ", mesure.entree.nom, " est de ",
-                 NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
+                 NombreFixe(static_cast<double>(mesure.lignes), kEntiersDesIndividus, 0)});
 }
 
 void ImprimerEffectifsInegaux(const TravailDeFusion& travail) {

@@ -21,14 +21,16 @@ void ImprimerCompteDuTri(Rapport& rapport, const CompteDeTri& compte) {
   }
   if (compte.rogne) rapport.Ligne("Les blancs à droite sont éliminés"_w);
   const LongueursDeLignes& longueurs = compte.longueurs;
+  constexpr int kEntiersDUneMesure = 5;
+  const auto mesure = [](double longueur) { return NombreFixe(longueur, kEntiersDUneMesure, 1); };
   rapport.Ligne({"Nombre d'enregistrement dans le fichier résultant :"_w, NombreNu(longueurs.lignes)});
   if (longueurs.minimum == longueurs.maximum) {
     rapport.Ligne({"Tous les enregistrements ont", NombreNu(longueurs.maximum), " caractères"_w});
   } else {
-    rapport.Ligne({"Les enregistrements ont en moyenne ", NombreFixe(longueurs.Moyenne(), 5, 1), " caractères"_w});
+    rapport.Ligne({"Les enregistrements ont en moyenne ", mesure(longueurs.Moyenne()), " caractères"_w});
     rapport.Ligne({"Longueur min = ", NombreNu(longueurs.minimum)});
     rapport.Ligne({"Longueur max = ", NombreNu(longueurs.maximum)});
-    rapport.Ligne({"Ecart-type   = ", NombreFixe(longueurs.EcartType(), 5, 1)});
+    rapport.Ligne({"Ecart-type   = ", mesure(longueurs.EcartType())});
   }
   rapport.Ligne("Programme normalement terminé"_w);
 }

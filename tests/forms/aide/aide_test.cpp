@@ -7,7 +7,6 @@
 #include <QXmlStreamReader>
 
 #include "forms/aide/documents.h"
-#include "forms/aide/publication/avisperimes.h"
 #include "forms/pilote.h"
 #include "forms/qt/application.h"
 
@@ -70,14 +69,6 @@ TEST(Aide, EveryNoteIsAPdfThatTheMenuOpens) {
     ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
     EXPECT_TRUE(fichier.read(5) == "%PDF-") << note.toStdString();
   }
-}
-
-TEST(Aide, NoticesGoWithTheProgramsThatArrive) {
-  const QString page =
-      "<p class=\"etat\" data-menu=\"mnuTriapl\">pas\nencore</p>\n<p>un</p><p class=\"etat\" "
-      "data-menu=\"mnuRien\">non</p>";
-  EXPECT_EQ(quelvar::forms::SansAvisPerimes(page), "<p>un</p><p class=\"etat\" data-menu=\"mnuRien\">non</p>");
-  EXPECT_EQ(quelvar::forms::SansAvisPerimes("<p>rien</p>"), "<p>rien</p>");
 }
 
 }  // namespace

@@ -50,8 +50,8 @@ TEST(Impression, CountsThePagesOfTheWholeText) {
   const essai::DossierTemporaire dossier;
   QPdfWriter papier(QString::fromStdString((dossier.Chemin() / "a.pdf").string()));
   papier.setPageSize(QPageSize(QPageSize::A4));
-  EXPECT_EQ(ImprimerTexte(papier, "a\n\fb\n\fc\n", "titre", 2, 2), 3);
-  const int pages = ImprimerTexte(papier, QString("x\n").repeated(1000), "titre");
+  EXPECT_EQ(MettreSurPapier(papier, "a\n\fb\n\fc\n", "titre", 2, 2), 3);
+  const int pages = MettreSurPapier(papier, QString("x\n").repeated(1000), "titre");
   EXPECT_GT(pages, 1000 / 80);  // an A4 page holds some 65 lines
   EXPECT_LT(pages, 1000 / 50);
 }

@@ -1,5 +1,6 @@
 #include "forms/programmes/capture/saisiedes.h"
 
+#include "core/programme/alerte.h"
 #include "core/programme/horspage.h"
 #include "forms/qt/ecran.h"
 #include "forms/qt/policefixe.h"
@@ -73,8 +74,7 @@ bool SaisieDes::Valider() {
   std::string refus = RefusHorsPage(nom);
   if (refus.empty()) refus = capture::ValiderQuestion(etat_, DepuisUtf8(nom), codeMax, Genre());
   if (!refus.empty()) {
-    services_.ecran.biper();
-    services_.ecran.demander(refus, Boutons::Ok);
+    AlerterEnBoite(services_.ecran, refus);
     const bool nomComplet = ui_->TextMod->text().size() == ui_->TextMod->maxLength();
     if (nomComplet && capture::NombreEnFaute(codeMax, Genre())) ui_->CodeMax->setFocus();
     else ui_->TextMod->setFocus();

@@ -7,6 +7,7 @@
 
 #include "capture/saisie/ecran.h"
 #include "capture/saisie/options.h"
+#include "core/programme/alerte.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/capture/listeenregistrements.h"
 #include "forms/programmes/capture/saisiedes.h"
@@ -117,10 +118,9 @@ void Saisief::Enregistrer() {
     capture::Enregistrer(*saisie_);
     liste_->Rafraichir();
   } catch (const Erreur& erreur) {
-    services_.ecran.biper();
-    services_.ecran.demander(Joindre({"L'enregistrement n'est pas fait : "_w, TexteErreur(erreur),
-                                      ". Les réponses restent à l'écran ; refaites Entrée quand c'est réparé."_w}),
-                             Boutons::Ok);
+    AlerterEnBoite(services_.ecran,
+                   Joindre({"L'enregistrement n'est pas fait : "_w, TexteErreur(erreur),
+                            ". Les réponses restent à l'écran ; refaites Entrée quand c'est réparé."_w}));
   }
 }
 

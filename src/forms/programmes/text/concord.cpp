@@ -7,6 +7,7 @@
 #include "forms/pieces/options.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "forms/texte/enregistrement.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"

@@ -1,5 +1,6 @@
 #include "forms/programmes/text/saisiemot.h"
 
+#include "core/programme/alerte.h"
 #include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
@@ -65,8 +66,7 @@ void SaisieMot::LancerSaisieMot() {
   const text::OptionsSaisieMot options = Options();
   const std::string refus = text::RefusDeDecouper(options);
   if (!refus.empty()) {
-    services_.ecran.biper();
-    services_.ecran.demander(refus, Boutons::Ok);
+    AlerterEnBoite(services_.ecran, refus);
     return;
   }
   const std::optional<Fin> fin = Lancer(text::DescriptionSaisieMot(), options);

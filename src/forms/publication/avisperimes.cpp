@@ -1,4 +1,4 @@
-#include "forms/aide/publication/avisperimes.h"
+#include "forms/publication/avisperimes.h"
 
 #include <QRegularExpression>
 #include <algorithm>

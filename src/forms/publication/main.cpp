@@ -15,7 +15,7 @@
 #include <cstring>
 #include <optional>
 
-#include "forms/aide/publication/avisperimes.h"
+#include "forms/publication/avisperimes.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ void OublierLaDate(QByteArray& pdf) {
   }
 }
 
-bool Imprimer(const QString& fichier, const QString& html, const QString& style) {
+bool EcrireNote(const QString& fichier, const QString& html, const QString& style) {
   QTextDocument note;
   note.setDefaultStyleSheet(style);
   note.setDefaultFont(QFont(QStringLiteral("Liberation Serif"), 11));
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
   } else {
     const std::optional<QString> style = Lire(QFileInfo(arguments[2]).dir().filePath(QStringLiteral("note.css")));
     if (!style) return 1;
-    fait = Imprimer(arguments[3], *texte, *style);
+    fait = EcrireNote(arguments[3], *texte, *style);
   }
   if (!fait) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(arguments[3]));
   return fait ? 0 : 1;
