@@ -85,7 +85,8 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
     throw Erreur(kIncompatibiliteType,
                  Joindre({kArretDuProgrammeSansAccents, TexteDe(brt_.filename()),
                           " ne va pas avec le fichier de modalités, la ligne "_w, Nombre(rang_), " porte le nom ", nom,
-                          " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
+                          " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}))
+        .Situer({TexteDe(brt_.filename()), rang_});
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
   const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
   const bool desChiffres = SontChiffresOuBlancs(reste) && !Rogner(reste).empty();
@@ -98,7 +99,8 @@ void ControleDeBurt::Conclure() const {
                Joindre({kArretDuProgrammeSansAccents, TexteDe(brt_.filename()),
                         " ne va pas avec le fichier de modalités, ses lignes sont plus "_w,
                         std::string_view(toutesCourtes_ ? "courtes" : "longues"),
-                        " que ne le disent le nombre de modalités et FMT= : refaites le tableau"_w}));
+                        " que ne le disent le nombre de modalités et FMT= : refaites le tableau"_w}))
+      .Situer({.fichier = TexteDe(brt_.filename())});
 }
 
 }  // namespace quelvar
