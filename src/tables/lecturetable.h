@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/calcul/matrice.h"
-#include "core/enquete/examendescellules.h"
+#include "core/enquete/brtfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/fichiers.h"
 #include "core/programme/programme.h"

@@ -7,7 +7,6 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/examendescellules.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::factor {
