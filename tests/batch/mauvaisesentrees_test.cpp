@@ -280,7 +280,7 @@ std::vector<Cas> CasDesImports() {
       {"un effectif qui n'est pas entier",
        "import-burt",
        {{"fichier", "BURT.TXT"}},
-       {{"BURT.TXT", "oui 1 0\r\nnon 0 4\r\n"}},
+       {{"BURT.TXT", "oui 1 2\r\nnon 3 4\r\n"}},
        Fin::Normale,
        {std::string("n'est pas un nombre entier : vérifiez le tableau"_w)}},
       {"des fins de ligne en CR seul",
