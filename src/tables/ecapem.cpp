@@ -58,18 +58,28 @@ LigneTaille LireTaille(const Chemin& chemin) {
   return Situer(pos, [&] { return LireLigneTaille(pos.LireObligatoire()); });
 }
 
-void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
+// Where the counts do not go together: the table, or the size of the survey when it is told nowhere.
+Lieu LieuDuBurt(const Contexte& contexte, std::int64_t individus) {
+  constexpr std::int64_t kLigneDeTaille = 2;  // of a .POS
+  if (individus == 0) return {contexte.Nom(".POS"), kLigneDeTaille};
+  return {.fichier = contexte.Nom(".BRT")};
+}
+
+void ExaminerBurt(const TravailEcapem& t, std::size_t modalites, const FichierMod& mod) {
   const LigneTaille taille = LireTaille(ExigerFichier(t, ".POS", "*** Arret du programme"));
   ExigerParentheses(taille, t.contexte.Ecran());
   const std::int64_t individus = IndividusDuBurt(t.contexte, taille);
   t.rapport.Ligne(LigneDesIndividus(individus));
-  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee).Situer({.fichier = t.contexte.Nom(".MOD")});
+  if (modalites > t.modalites.size())
+    throw Erreur(kFinDeFichierDepassee).Situer({t.contexte.Nom(".MOD"), static_cast<std::int64_t>(mod.premiereApres)});
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
   constexpr std::uint64_t kMemoireParCellule = 32;  // half a table, links and their sort
   constexpr std::uint64_t kDisqueParCellule = 52;   // lines of the report and of the link file
   ExigerPlace(t.contexte, t.rapport, {kMemoireParCellule * cellules, kDisqueParCellule * cellules});
-  const DemiBurt burt = LireDemiBurt(t.brt, modalites, t.parametres.largeur, t.modalites);
-  std::vector<Lien> liens = LiensDuBurt(burt, static_cast<double>(individus));
+  const BurtLu lu = LireDemiBurt(t.brt, modalites, t.parametres.largeur, t.modalites);
+  lu.constats.Dire(t.rapport, t.contexte.Ecran());
+  std::vector<Lien> liens = Situer([&] { return LieuDuBurt(t.contexte, individus); },
+                                   [&] { return LiensDuBurt(lu.burt, static_cast<double>(individus)); });
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Burt);
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
   EnregistrerLiens(t.contexte, liens, std::nullopt);
@@ -116,7 +126,7 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   if (options.cliques) {
     EnregistrerCliques(travail);
   } else if (burt > 0) {
-    ExaminerBurt(travail, NombreDe(burt == 1 ? travail.parametres.colonnes : burt));
+    ExaminerBurt(travail, NombreDe(burt == 1 ? travail.parametres.colonnes : burt), mod);
   } else {
     ExigerFormeDuMod(fichiers.brt, mod, travail.parametres);
     ExaminerTableau(travail);

@@ -119,6 +119,7 @@ void ExaminerTableau(const TravailEcapem& t) {
   constexpr std::uint64_t kDisqueParCellule = 30;
   ExigerPlace(t.contexte, t.rapport, {kMemoireParCellule * cellules, kDisqueParCellule * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
+  lue.constats.Dire(t.rapport, t.contexte.Ecran());
   const NomsDesElements noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.de);
 

@@ -22,17 +22,25 @@ TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, 
   std::vector<double> cellules;
   LecteurLignes lecteur(brt);
   LigneBrt ligne;
+  ExamenDesCellules douteuses(CellulesAttendues::Nombres, colonnes, largeur);
+  std::string_view texte;
   for (std::size_t i = 0; i < lignes; ++i) {
-    Situer(lecteur, [&] { LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(colonnes), largeur, ligne); });
+    texte = lecteur.LireObligatoire();
+    Situer(lecteur, [&] { LireLigneBrt(texte, NombreDeCellules(colonnes), largeur, ligne); });
+    douteuses.Voir(texte, static_cast<std::int64_t>(i + 1));
     cellules.insert(cellules.end(), ligne.cellules.begin(), ligne.cellules.end());
     table.lignes.push_back(NommerLigne(ligne));
   }
+  while (lecteur.Lire(texte)) douteuses.VoirAuDela(texte);
+  douteuses.Dire(TexteDe(brt.filename()), table.constats);
   table.effectifs = Matrice(lignes, colonnes, std::move(cellules));
   return table;
 }
 
-DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms) {
-  DemiBurt burt;
+BurtLu LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms) {
+  BurtLu lu;
+  DemiBurt& burt = lu.burt;
+  ExamenDesCellules douteuses(CellulesAttendues::Effectifs, modalites, largeur);
   LecteurLignes lecteur(brt);
   LigneBrt ligne;
   ControleDeBurt controle(brt, modalites, largeur);
@@ -40,12 +48,14 @@ DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, con
     const std::string_view texte = lecteur.LireObligatoire();
     controle.Voir(texte, noms[i].court);
     Situer(lecteur, [&] { LireLigneBrt(texte, NombreDeCellules(modalites), largeur, ligne); });
+    douteuses.Voir(texte, static_cast<std::int64_t>(i + 1));
     burt.totaux.push_back(ligne.cellules[i]);
     burt.cellules.insert(burt.cellules.end(), ligne.cellules.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                          ligne.cellules.end());
   }
   controle.Conclure();
-  return burt;
+  douteuses.Dire(TexteDe(brt.filename()), lu.constats);
+  return lu;
 }
 
 std::int64_t IndividusDuBurt(const Contexte& contexte, const LigneTaille& taille) {

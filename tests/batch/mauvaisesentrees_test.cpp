@@ -93,8 +93,25 @@ LigneDOptions Avec(LigneDOptions options, const LigneDOptions& autres) {
 const std::string kTable = "L1     1   2\r\nL2     3   4\r\n";
 const char* const kFin = "Il y a eu tentative de lire un fichier deja termine";
 
+// A cell that is no number, and a row behind those that are announced.
+const std::string kTableTapee = "L1    9O   2\r\nL2     3   4\r\nL3     7   8\r\n";
+const std::string kCelluleDite(
+    "Cellules de ENQ.BRT qui ne sont pas des nombres, ou sont coupées : 1, la première ligne 1, colonne 1 (9O)"_w);
+const std::string kLigneDite("lignes de ENQ.BRT au-delà de celles qui sont annoncées, laissées : 1"_w);
+// A Burt table whose second modality has fewer answers than one of its cells.
+const std::string kModDeBurt = "ENQ\r\n BRT=2 FMT=2 \r\nA1\r\nA2\r\n";
+const std::string kBurtFaux = "A1   3 2\r\nA2   2 0\r\n";
+
 std::vector<Cas> CasDesTableaux() {
   return {
+      {"ecapem, une table tapée", "ecapem", {}, Table(kMod, kTableTapee), Fin::Normale, {kCelluleDite, kLigneDite}},
+      {"anecar, une table tapée", "anecar", {}, Table(kMod, kTableTapee), Fin::Normale, {kCelluleDite, kLigneDite}},
+      {"anecar, un Burt à décimales",
+       "anecar",
+       {},
+       Table("ENQ\r\n BRT=2 FMT=3 \r\nA1\r\nA2\r\n", "A1  2.5  1\r\nA2    1  3\r\n"),
+       Fin::Normale,
+       {std::string("entiers positifs ou nuls, ou sont coupées : 1, la première ligne 1, colonne 1 (2.5)"_w)}},
       {"triang sans point",
        "triang",
        {},
@@ -260,6 +277,18 @@ std::vector<Cas> CasDesImports() {
        {{"BURT.TXT", "oui 3 x\r\nnon 0 2\r\n"}},
        Fin::Arret,
        {"NUMERO = 13 "}},
+      {"un effectif qui n'est pas entier",
+       "import-burt",
+       {{"fichier", "BURT.TXT"}},
+       {{"BURT.TXT", "oui 1 2\r\nnon 3 4\r\n"}},
+       Fin::Normale,
+       {std::string("n'est pas un nombre entier : vérifiez le tableau"_w)}},
+      {"des fins de ligne en CR seul",
+       "import-csv",
+       {},
+       {{"ENQ.CSV", "SEX;AGE\r1;2\r2;3\r"}},
+       Fin::Normale,
+       {std::string("les lignes de ENQ.CSV finissent par un retour chariot seul"_w)}},
       {"un Burt vide", "import-burt", {{"fichier", "BURT.TXT"}}, {{"BURT.TXT", "\r\n"}}, Fin::Arret, {kFin}},
   };
 }
@@ -334,6 +363,25 @@ TEST_F(MauvaisesEntrees, LesArretsDisentLeurLieu) {
       {"modifburt", {{"colonnes", "C1"}}, table, court},
       {"profilmod", {{"modalites", "C1"}}, table, court},
       {"gendat", {}, table, ""},  // its box has told all
+      {"gendat",
+       {},
+       Table("ENQ\r\nZZZ\r\nC1\r\n", kTable),
+       "Arret : manque signe = dans ligne 2 de *.MOD (ENQ.MOD, ligne 2)"},
+      {"concordance", {{"lignes", "a"}}, table, avecLeFichier},
+      {"ecapem",
+       {},
+       Avec(Table(kModDeBurt, "A1   3 2\r\nB2   2 4\r\n"), Enquete("", "1\r\n")),
+       std::string(
+           "*** Arret du programme : ENQ.BRT ne va pas avec le fichier de modalités, la ligne 2 porte le nom B2 au "
+           "lieu de A2 : refaites le tableau (ENQ.BRT, ligne 2)"_w)},
+      {"ecapem",
+       {},
+       Avec(Table(kModDeBurt, kBurtFaux), Enquete("", "1\r\n")),
+       std::string("Division par zéro (ENQ.BRT, ligne 2)"_w)},
+      {"ecapem",
+       {},
+       Avec(Table("ENQ\r\n BRT=3 FMT=2 \r\nA1\r\nA2\r\n", kBurtFaux), Enquete("", "1\r\n")),
+       std::string("L'entrée dépasse la fin de fichier (ENQ.MOD, ligne 4)"_w)},
       {"anecar", {}, table, avecLeFichier},
       {"ecapem", {}, table, avecLeFichier},
       {"suplmot", {}, table, avecLeFichier},

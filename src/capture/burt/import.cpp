@@ -1,6 +1,7 @@
 #include "capture/burt/import.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/attention.h"
 #include "core/programme/rapport.h"
 
 namespace quelvar::capture {
@@ -59,6 +61,15 @@ void ExigerNoms(Rapport& rapport, const std::vector<ModaliteDeBurt>& modalites) 
   }
 }
 
+void PrevenirDUnEffectifNonEntier(const Dialogue& dialogue, double effectif, std::string_view pos) {
+  if (effectif == std::floor(effectif)) return;
+  dialogue.demander(
+      Joindre({kAttention, "un effectif de "_w, Nombre(effectif),
+               " individus n'est pas un nombre entier : vérifiez le tableau, et corrigez la ligne 2 de "_w, pos,
+               " avant d'analyser"}),
+      Boutons::Ok);
+}
+
 // Asks the size of the survey until the number of questions that it gives is agreed to.
 double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsBurt& faits) {
   const std::optional<double> questions = faits.Questions();
@@ -81,7 +92,9 @@ double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsB
              "vous pourrez ultérieurement corriger la valeur de l'effectif dans la deuxième ligne du fichier *.POS "
              "en utilisant l'éditeur. "_w}),
         Boutons::OuiNon);
-    if (coherent != Reponse::Non) return effectif;
+    if (coherent == Reponse::Non) continue;
+    PrevenirDUnEffectifNonEntier(contexte.Ecran(), effectif, contexte.Nom(".POS"));
+    return effectif;
   }
 }
 

@@ -83,6 +83,17 @@ void PrevenirDesDecimales(const Contexte& contexte, const FaitsTableur& faits,
       Joindre({kAttention, "des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, Enumerer(dites)}));
 }
 
+// Lines that end in CR alone are one line for the reader.
+void PrevenirDesCrSeuls(const Contexte& contexte, const Chemin& source, std::int64_t individus) {
+  LecteurLignes lecteur(source);
+  std::string_view ligne;
+  if (individus > 0 || !lecteur.Lire(ligne) || ligne.find('\r') == std::string_view::npos) return;
+  AlerterEnBoite(contexte.Ecran(),
+                 Joindre({kAttention, "les lignes de "_w, TexteDe(source.filename()),
+                          " finissent par un retour chariot seul, et aucun individu n'est lu : enregistrez ce fichier "
+                          "avec des fins de ligne ordinaires, ou employez l'importation d'un nouveau fichier"_w}));
+}
+
 // The copies are there whatever the import comes to: the report says so.
 void SauvegarderAncienPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options,
                           const Chemin& pos) {
@@ -141,6 +152,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   else if (fichiers.pos) sorties.Effacer(pos);
   ImprimerVerification(rapport, faits.individus, premieres, options.sansIntitules);
   PrevenirDesDecimales(contexte, faits, colonnes);
+  PrevenirDesCrSeuls(contexte, *fichiers.source, faits.individus);
   PrevenirDesTableaux(contexte, sorties);
   sorties.Valider();
 }

@@ -18,7 +18,8 @@ namespace {
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison, std::string_view quoi) {
   throw Erreur(kIncompatibiliteType,
                Joindre({kArretDuProgrammeSansAccents, TexteDe(fichier.filename()),
-                        " ne va pas avec le fichier de modalités, "_w, raison, " : refaites ", quoi}));
+                        " ne va pas avec le fichier de modalités, "_w, raison, " : refaites ", quoi}))
+      .Situer({.fichier = TexteDe(fichier.filename())});
 }
 
 constexpr std::string_view kTableau = "le tableau";

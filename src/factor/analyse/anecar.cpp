@@ -210,6 +210,7 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
 void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   const Contexte& contexte = moteur.contexte;
   moteur.tableau = LireTableau(contexte.Exiger(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
+  moteur.tableau.constats.Dire(rapport, contexte.Ecran());
   if (EffectifTotal(moteur.tableau.actives) == 0)
     AvertirEtArreter(rapport, contexte.Ecran(), Joindre({kArretDuProgrammeSansAccents, "le total du tableau est nul"}));
   moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);

@@ -130,6 +130,8 @@ TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemi
   LigneBrt ligne;
   const std::size_t burt = plan.genre == GenreTableau::Rectangulaire ? 0 : std::min(lignes, plan.colonnes.Nombre());
   ControleDeBurt controle(brt, plan.colonnes.Nombre(), plan.largeur);
+  ExamenDesCellules douteuses(burt > 0 ? CellulesAttendues::Effectifs : CellulesAttendues::Nombres,
+                              plan.colonnes.Nombre(), plan.largeur);
   for (std::size_t i = 0; i < lignes; ++i) {
     const std::string_view texte = lecteur.LireObligatoire();
     if (i < burt) controle.Voir(texte, plan.colonnes.noms[plan.positions[i]]);
@@ -137,11 +139,14 @@ TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemi
     const std::size_t position = plan.PositionLigne(i);
     if (position >= tableau.lignes.Nombre()) continue;
     Situer(lecteur, [&] { LireLigneBrt(texte, static_cast<int>(plan.colonnes.Nombre()), plan.largeur, ligne); });
+    douteuses.Voir(texte, plan.lignesSautees + static_cast<std::int64_t>(i) + 1);
     tableau.lignes.noms[position] = ligne.nom;
     tableau.lignes.intitules[position] = ligne.intitule;
     if (position < actives) repartition.Active(position, ligne.cellules);
     else repartition.Supplementaire(ligne.cellules);
   }
+  for (std::string_view texte; !carre && lecteur.Lire(texte);) douteuses.VoirAuDela(texte);
+  douteuses.Dire(TexteDe(brt.filename()), tableau.constats);
   return tableau;
 }
 

@@ -11,6 +11,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/constats.h"
 #include "factor/analyse/supplementaires.h"
 
 namespace quelvar::factor {
@@ -62,6 +63,7 @@ struct TableauAnecar {
   // Over the active columns; nothing when there are none.
   std::unique_ptr<LignesSupplementaires> lignesSup;
   ElementsAnecar lignes;
+  Constats constats = {};  // on cells that are no numbers, and rows behind the last one
 };
 
 // Reads the counts; the supplementary rows go to the scratch file. Raises kFinDeFichierDepassee when the file has fewer

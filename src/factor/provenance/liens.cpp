@@ -48,7 +48,7 @@ class ValeursDesLiens {
 bool LiensSontDuBurt(const Contexte& contexte, const TablePresente& table, std::span<const tables::Lien> liens) {
   std::vector<tables::NomDElement> noms;
   for (const Modalite& modalite : table.mod.modalites) noms.push_back(tables::NommerModalite(modalite));
-  const tables::DemiBurt burt = tables::LireDemiBurt(table.brt, table.colonnes, table.parametres.largeur, noms);
+  const tables::DemiBurt burt = tables::LireDemiBurt(table.brt, table.colonnes, table.parametres.largeur, noms).burt;
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   if (!pos) return true;
   const auto individus = static_cast<double>(tables::IndividusDuBurt(contexte, LirePos(*pos).taille));

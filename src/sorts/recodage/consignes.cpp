@@ -6,6 +6,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
+#include "core/panne/attention.h"
 #include "core/texte/caracteres.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/regles/vit.h"
@@ -147,6 +148,10 @@ void LecteurDeConsignes::ChercherPonderation() {
     constats_.Ligne("*** Attention, une pondération est demandée sans question de nom PON"_w);
     constats_.Ligne("    (ou avec une question absente de la liste)");
     constats_.Ligne("    cette demande est ignorée"_w);
+  } else if (nommees.empty() && !taille_.question.empty() && !EgalSansCasse(taille_.question, kNomPonderation)) {
+    constats_.Boite(
+        Joindre({kAttention, "la ligne 2 demande POND="_w, taille_.question,
+                 ", qu'aucune question ne porte : la pondération est celle de la question "_w, kNomPonderation}));
   } else if (!nommees.empty() && !parDefaut.empty() && nommees.front() != parDefaut.front()) {
     constats_.Ligne("*** Attention, une pondération est demandée et il y a une question nommée PON"_w);
     constats_.Ligne({"    la question marquée en 2e ligne POND="_w, taille_.question, " est prioritaire"});

@@ -53,8 +53,8 @@ class Avertisseur {
   FautesDites fautes_;
 };
 
-// A typed name loses what follows its first point; an empty answer keeps the proposed name. Nothing when the files of
-// that generic are not to be replaced.
+// A typed name loses what follows its first point; an empty answer keeps the proposed name. Nothing when no name is
+// left of an answer, or the files of that generic are not to be replaced.
 std::optional<std::string> DemanderGenerique(const Contexte& contexte, bool remplacer) {
   if (contexte.generique.empty()) return std::string();
   const std::string suivant = GeneriqueSuivant(contexte.generique);
@@ -67,6 +67,10 @@ std::optional<std::string> DemanderGenerique(const Contexte& contexte, bool remp
   }
   const std::string saisi = contexte.Ecran().saisir(question, propose);
   const std::string nom = GeneriqueSaisi(saisi);
+  if (nom.empty() && !Rogner(saisi).empty()) {
+    contexte.Ecran().demander(kPasDeNom, Boutons::Ok);
+    return std::nullopt;
+  }
   if (nom.empty()) return propose;
   // The generic of the source is refused behind the banner, as ever.
   if (!remplacer && !EgalSansCasse(nom, contexte.generique) && !PeutEtreRemplace(contexte, nom)) return std::nullopt;

@@ -105,13 +105,22 @@ std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus) {
   const std::size_t modalites = burt.totaux.size();
   if (modalites > 0) NumeroDeNoeud(modalites);
   const double* cellule = burt.cellules.data();
-  for (std::size_t i = 0; i < modalites; ++i)
-    for (std::size_t j = i + 1; j < modalites; ++j) {
-      const crosstab::AttractionLocale locale =
-          crosstab::PemLocal(individus, burt.totaux[i], burt.totaux[j], *cellule++);
-      if (locale.pem > 0 && locale.khi2 > 0)
-        liens.push_back({static_cast<std::int16_t>(i + 1), static_cast<std::int16_t>(j + 1), EnSimple(locale.pem)});
-    }
+  std::size_t i = 0;
+  std::size_t j = 0;
+  // Of a cell that its two totals do not allow, the one that is less than the cell is wrong.
+  const auto ligneFautive = [&] {
+    if (individus == 0) return Lieu{};
+    return Lieu{{}, static_cast<std::int64_t>(burt.totaux[j] < *cellule ? j + 1 : i + 1)};
+  };
+  Situer(ligneFautive, [&] {
+    for (; i < modalites; ++i)
+      for (j = i + 1; j < modalites; ++j, ++cellule) {
+        const crosstab::AttractionLocale locale =
+            crosstab::PemLocal(individus, burt.totaux[i], burt.totaux[j], *cellule);
+        if (locale.pem > 0 && locale.khi2 > 0)
+          liens.push_back({static_cast<std::int16_t>(i + 1), static_cast<std::int16_t>(j + 1), EnSimple(locale.pem)});
+      }
+  });
   return liens;
 }
 

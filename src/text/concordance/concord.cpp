@@ -123,7 +123,7 @@ Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
     std::vector<MotsCherches> cherches = CherchesDesMots(options.mots);
     LignesCherchees lignes = CherchesDesLignes(contexte, options.lignes);
     rapport.Lignes(lignes.fautes);
-    if (!lignes.fautes.empty()) throw Erreur(kArretAnnonce);
+    if (!lignes.fautes.empty()) throw Erreur(FauteSituee{lignes.fautes.back(), lignes.ou});
     std::ranges::move(lignes.cherches, std::back_inserter(cherches));
     const Concordances concordances = ChercherConcordances(contexte, std::move(cherches));
     const std::string texte = TexteDeConcordances(concordances, RangsDansLOrdre(concordances, options.ordre));

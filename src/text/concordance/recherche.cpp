@@ -76,7 +76,7 @@ MotsCherches CherchesDeLaLigne(const LigneDeTable& ligne) {
 LignesCherchees CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms) {
   if (noms.empty()) return {};
   const TableOuverte ouverte = OuvrirTable(contexte);
-  if (!ouverte.message.empty()) return {.fautes = ouverte.message};
+  if (!ouverte.message.empty()) return {.fautes = ouverte.message, .ou = ouverte.ou};
   LignesCherchees lignes;
   const NomsDesLignes nomsDeLaTable(ouverte.table.lignes);
   for (const std::string& nom : noms) {

@@ -20,10 +20,12 @@ struct MotsCherches {
 
 std::vector<MotsCherches> CherchesDesMots(const std::vector<std::string>& mots);
 MotsCherches CherchesDeLaLigne(const LigneDeTable& ligne);
-// The rows of the table that are asked for; or why there are none, in lines for the report.
+// The rows of the table that are asked for; or why there are none, in lines for the report, and where, unless their
+// words do.
 struct LignesCherchees {
   std::vector<MotsCherches> cherches{};
   std::vector<std::string> fautes{};
+  Lieu ou{};
 };
 // The rows of these names in the table of the generic: a fault when there is no table, or not one row of a name.
 LignesCherchees CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms);

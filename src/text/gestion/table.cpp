@@ -17,6 +17,10 @@ namespace quelvar::text {
 
 namespace {
 
+Lieu LieuDeLaLigne(const Contexte& contexte, std::size_t numero) {
+  return {contexte.Nom(".BRT"), static_cast<std::int64_t>(numero)};
+}
+
 // A sentence of refusal, or nothing when the row is as long as its cells.
 std::string FauteDeLigne(const Contexte& contexte, std::string_view ligne, std::size_t cellules, std::size_t numero) {
   if (ligne.size() >= kLargeurDeModalite + cellules) return {};
@@ -63,8 +67,8 @@ bool AUnNombreAGauche(std::string_view cellules, std::size_t largeur) {
   return false;
 }
 
-// A sentence on the first row whose cells are not those of the other rows.
-std::string FauteDUneLigne(const Contexte& contexte, const TableGeree& table) {
+// What is wrong with the first row whose cells are not those of the other rows.
+FauteSituee FauteDUneLigne(const Contexte& contexte, const TableGeree& table) {
   const auto largeur = static_cast<std::size_t>(table.largeur);
   const bool aDroite = std::any_of(table.lignes.begin(), table.lignes.end(),
                                    [&](const LigneDeTable& ligne) { return SontDesNombres(ligne.cellules, largeur); });
@@ -72,16 +76,17 @@ std::string FauteDUneLigne(const Contexte& contexte, const TableGeree& table) {
     const std::string& cellules = table.lignes[i].cellules;
     const bool autre = cellules.find_first_not_of(kSignesDeNombre) != std::string::npos;
     if (!autre && !(aDroite && AUnNombreAGauche(cellules, largeur))) continue;
-    return Joindre({"La ligne ", Nombre(i + 1), " de ", contexte.Nom(".BRT"),
-                    autre ? " a autre chose que des nombres dans ses cases"_w : " a des cases décalées"_w,
-                    " : elle ne va pas avec ", contexte.Nom(".MOD"), " (", Nombre(table.Colonnes()),
-                    " colonnes, FMT=", Nombre(table.largeur), ")"});
+    return {Joindre({"La ligne ", Nombre(i + 1), " de ", contexte.Nom(".BRT"),
+                     autre ? " a autre chose que des nombres dans ses cases"_w : " a des cases décalées"_w,
+                     " : elle ne va pas avec ", contexte.Nom(".MOD"), " (", Nombre(table.Colonnes()),
+                     " colonnes, FMT=", Nombre(table.largeur), ")"}),
+            LieuDeLaLigne(contexte, i + 1)};
   }
   return {};
 }
 
-// A sentence when the cells are not those of the width that the .MOD announces; a blank cell alone is no fault.
-std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
+// What is wrong when the cells are not those of the width that the .MOD announces; a blank cell alone is no fault.
+FauteSituee FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
   constexpr int kPlusLarge = 12;
   const EssaiDeLargeur annoncee = LireAvec(table, static_cast<std::size_t>(table.largeur));
   if (annoncee.nombres && annoncee.codes) return {};
@@ -89,9 +94,10 @@ std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
     const EssaiDeLargeur autre = LireAvec(table, static_cast<std::size_t>(largeur));
     if (!autre.nombres || (annoncee.nombres && !autre.codes)) continue;
     if (largeur != table.largeur)
-      return Joindre({"Les cases de ", contexte.Nom(".BRT"), " ont ", Nombre(largeur), " caractère(s) et "_w,
-                      contexte.Nom(".MOD"), " en annonce ", Nombre(table.largeur), " (FMT=", Nombre(table.largeur),
-                      ") : refaites le tableau, ou corrigez FMT="});
+      return {Joindre({"Les cases de ", contexte.Nom(".BRT"), " ont ", Nombre(largeur), " caractère(s) et "_w,
+                       contexte.Nom(".MOD"), " en annonce ", Nombre(table.largeur), " (FMT=", Nombre(table.largeur),
+                       ") : refaites le tableau, ou corrigez FMT="}),
+              {contexte.Nom(".MOD"), kLigneDesParametres}};
   }
   return FauteDUneLigne(contexte, table);
 }
@@ -103,6 +109,7 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
     const std::string faute = FauteDeLigne(contexte, ligne, cellules, ouverte.table.lignes.size() + 1);
     if (!faute.empty()) {
       ouverte.message = {std::string(kTitreErreur), faute};
+      ouverte.ou = LieuDeLaLigne(contexte, ouverte.table.lignes.size() + 1);
       return;
     }
     ouverte.table.lignes.push_back({std::string(ligne.substr(0, kLargeurDeModalite)),
@@ -111,10 +118,11 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
   }
 }
 
-// The message on them stands in the report, whose words hold no place.
-ParametresMod LireParametresDe(std::string_view nomMod, TableOuverte& ouverte) {
+// The message on a failure of it stands in the report, whose words hold no place.
+template <class Travail>
+auto LieuAPart(TableOuverte& ouverte, const Travail& travail) {
   try {
-    return LireParametres(ouverte.table.mod.parametres, nomMod);
+    return travail();
   } catch (const Erreur& erreur) {
     ouverte.ou = erreur.Ou();
     throw Erreur(erreur.Numero(), erreur.Phrase());
@@ -133,7 +141,8 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   ouverte.table.mod = LireListeModalites(*mod);
-  const ParametresMod parametres = LireParametresDe(contexte.Nom(".MOD"), ouverte);
+  const ParametresMod parametres =
+      LieuAPart(ouverte, [&] { return LireParametres(ouverte.table.mod.parametres, contexte.Nom(".MOD")); });
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
   if (parametres.burt >= 1) {
@@ -151,9 +160,12 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   }
   LireLignes(contexte, *brt, ouverte);
   if (!ouverte.message.empty()) return;
-  ExigerTableDuMod(*brt, LireMod(*mod), parametres);
-  if (const std::string faute = FauteDeLargeur(contexte, ouverte.table); !faute.empty())
-    ouverte.message = {std::string(kTitreErreur), faute};
+  const FichierMod fichierMod = LireMod(*mod);
+  LieuAPart(ouverte, [&] { ExigerTableDuMod(*brt, fichierMod, parametres); });
+  if (FauteSituee faute = FauteDeLargeur(contexte, ouverte.table); !faute.phrase.empty()) {
+    ouverte.message = {std::string(kTitreErreur), std::move(faute.phrase)};
+    ouverte.ou = std::move(faute.lieu);
+  }
   LireMotsDesLignes(contexte, ouverte.table);
 }
 

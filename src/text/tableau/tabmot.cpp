@@ -100,8 +100,9 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
   if (!largeur)
     AvertirEtArreter(
         rapport, contexte.Ecran(),
-        Joindre({"*** Le fichier ", contexte.Nom(".DAT"),
-                 " ne contient pas des mots ($$ absent en ligne 1) : faire d'abord le découpage en mots"_w}));
+        {Joindre({"*** Le fichier ", contexte.Nom(".DAT"),
+                  " ne contient pas des mots ($$ absent en ligne 1) : faire d'abord le découpage en mots"_w}),
+         {contexte.Nom(".DAT"), 1}});
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (static_cast<std::size_t>(question.position) <= *largeur) continue;
@@ -126,9 +127,10 @@ void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& en
   if (const std::optional<MotRevenu> revenu = ChercherMotRevenu(entrees.donnees, caracteristiques))
     AvertirEtArreter(
         rapport, contexte.Ecran(),
-        Joindre({"*** Le mot ", revenu->mot, " revient à la ligne "_w, Nombre(revenu->ligne), " de ",
-                 contexte.Nom(".DAT"),
-                 ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
+        {Joindre({"*** Le mot ", revenu->mot, " revient à la ligne "_w, Nombre(revenu->ligne), " de ",
+                  contexte.Nom(".DAT"),
+                  ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}),
+         {contexte.Nom(".DAT"), revenu->ligne}});
 }
 
 // A row for each word that is frequent enough: counted beforehand only where there may be very many.
@@ -151,11 +153,12 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
   consignes.individus = entrees.individus;
   consignes.caracteristiques = caracteristiques;
   consignes.frequenceMin = options.FrequenceExigee();
+  const std::size_t colonne = caracteristiques + kLargeurCode + kLargeurMot + 1;  // of the end of a word
   consignes.horsFormat = [&](std::int64_t ligne) {
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
-                              " n'est pas celle d'un mot ($$ absent en colonne "_w,
-                              Nombre(caracteristiques + kLargeurCode + kLargeurMot + 1), ")"}));
+                     {Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
+                               " n'est pas celle d'un mot ($$ absent en colonne "_w, Nombre(colonne), ")"}),
+                      {contexte.Nom(".DAT"), ligne, static_cast<int>(colonne)}});
   };
   consignes.depassement = [&, nombre = 0](std::size_t question, std::int64_t ligne, int valeur) mutable {
     Avertir(rapport, contexte.Ecran(),
@@ -163,7 +166,8 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
                      " Valeur ", NombreBlanc(valeur)}));
     if (++nombre <= options.limite || options.limite < 1) return;
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
+                     {Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}),
+                      {contexte.Nom(".DAT"), ligne}});
   };
   ExigerPlaceDuTableau(rapport, contexte, entrees, plan, consignes);
   TableLexicale table = CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());

@@ -34,7 +34,8 @@ void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGen
   if (tableau.AUnFormat()) return;
   const FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier);
   contexte.Ecran().demander(Joindre({faute.phrase, " : il faut corriger le fichier *.MOD"}), Boutons::Ok);
-  throw Erreur(kArretAnnonce);  // one box is enough
+  if (tableau.parametres.remarques.empty()) throw Erreur(kArretAnnonce);  // one box is enough
+  throw Erreur(FauteSituee{tableau.parametres.remarques.back(), faute.lieu});
 }
 
 void GarderDuJeuDeDonnees(const Contexte& contexte, const Chemin& cible, const Chemin& resultat) {

@@ -29,6 +29,13 @@ void PrevenirDuPos(const TravailDeFusion& travail) {
                       NomAffiche(NomDuPos(travail.options.b)), " manque ou n'a pas de question"}));
     return;
   }
+  for (const PosDeFusion* const entree : {&travail.pos->a, &travail.pos->b})
+    if (const LigneTaille& taille = entree->taille; taille.avantPonderation > 0)
+      Prevenir(travail.contexte,
+               Joindre({kAttention, "les données de "_w, entree->nom, " sont pondérées ("_w, Nombre(taille.individus),
+                        " lignes pour ", Nombre(taille.avantPonderation), " individus), et ", pos,
+                        " ne le dit plus : chaque ligne va y compter pour un individu, dans les effectifs comme dans "
+                        "les tests"_w}));
   if (travail.options.type == TypeFusion::ALaSuite) {
     if (const std::size_t rang = PremiereDifference(travail.pos->a, travail.pos->b); rang > 0)
       Prevenir(travail.contexte,

@@ -4,7 +4,6 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/enquete/posfile.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 
@@ -16,6 +15,15 @@ constexpr std::size_t kLettresDuType = 3;
 constexpr int kColonneDePosition = kLargeurDeQuestion + 1;
 constexpr int kLargeurPosition = 4;
 constexpr std::int64_t kPremiereQuestion = 3;  // line of a .POS
+
+// No fusion depends on it: a size beyond every count is none.
+LigneTaille TailleLue(std::string_view ligne) {
+  try {
+    return LireLigneTaille(ligne);
+  } catch (const Erreur&) {
+    return {};
+  }
+}
 
 // The rest of the line as it stands; its position may be one that no question has.
 std::string LigneDeplacee(const std::string& ligne, std::size_t decalage) {
@@ -41,7 +49,7 @@ std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string
   PosDeFusion pos;
   pos.nom = TexteDe(chemin->filename());
   pos.titre = ligne;
-  lecteur.Lire(ligne);  // the size of the file that it stands beside
+  if (lecteur.Lire(ligne)) pos.taille = TailleLue(ligne);
   while (lecteur.Lire(ligne)) {
     const bool dansLaListe = pos.suite.empty() && !MarqueDeFin(ligne);
     (dansLaListe ? pos.questions : pos.suite).emplace_back(ligne);

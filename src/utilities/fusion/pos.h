@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/posfile.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::utilities {
@@ -17,6 +18,7 @@ std::string NomDuPos(std::string_view fichier);
 struct PosDeFusion {
   std::string nom;  // of the file, without directory
   std::string titre;
+  LigneTaille taille;                  // of the file that it stands beside; empty when it can't be read
   std::vector<std::string> questions;  // the lines up to the end of the list
   std::vector<std::string> suite;      // the end mark and what stands behind it
 };
