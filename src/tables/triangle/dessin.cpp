@@ -113,7 +113,7 @@ double PasDeGraduation(double etendue) {
 
 Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
 
-void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre, Occupation& occupation) {
+void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre, PageOccupee& occupation) {
   const Police police{
       .corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre};
   const std::string texte = Nombre(Arrondir(valeur, 1));
@@ -122,7 +122,7 @@ void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, An
 }
 
 void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre,
-                      Occupation& occupation) {
+                      PageOccupee& occupation) {
   cadre.Page().Ligne(cadre.Projeter(a.x, a.y), cadre.Projeter(b.x, b.y),
                      {.couleur = Couleur::GrisClair, .epaisseur = kTraitFin, .style = StyleTrait::Pointilles});
   EcrireValeur(cadre, a, valeur, decalage, ancre, occupation);
@@ -132,7 +132,7 @@ constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
 
 // The sides, and along each the values of one percentage from its lower to its upper limit. Of a right angle both
 // upright sides bear the ordinate, on the same lines.
-void TracerCotes(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void TracerCotes(Cadre& cadre, const EtatTriangle& etat, PageOccupee& occupation) {
   const CotesTriangle& c = etat.cotes;
   const double etendue = c.droit - c.gauche - c.bas;
   const double pas = PasDeGraduation(etendue);
@@ -159,7 +159,7 @@ void TracerCotes(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation)
 }
 
 void EcrireEntree(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, const Police& police,
-                  Position decalage, Occupation& occupation) {
+                  Position decalage, PageOccupee& occupation) {
   const EntreeTriangle& entree = etat.entrees[rang];
   if (entree.invisible || entree.texte.empty()) return;
   Dessin& page = cadre.Page();
@@ -169,7 +169,7 @@ void EcrireEntree(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Posi
   occupation.Prendre(ZoneDuTexte(Ajouter(page.VersPage(place), deplace), entree.texte, police));
 }
 
-void EcrireTitreEtSommets(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void EcrireTitreEtSommets(Cadre& cadre, const EtatTriangle& etat, PageOccupee& occupation) {
   Dessin& page = cadre.Page();
   page.Calquer("titres");
   EcrireEntree(cadre, etat, 0, page.VersUtilisateur({page.Largeur() / 2, kLigneDuTitre}),
@@ -200,7 +200,7 @@ void TracerMarque(Dessin& page, Position place, int marque) {
               {.couleur = Couleur::BleuFonce, .epaisseur = kTraitDeMarque});
 }
 
-void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, Occupation& occupation) {
+void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, PageOccupee& occupation) {
   const EntreeTriangle& entree = etat.entrees[rang];
   const std::string texte = TexteDuPoint(etat, etat.trg.points[rang - kEntreeDuPremierPoint]);
   Police police{.corps = Corps(etat.reglages.taille),
@@ -241,7 +241,7 @@ void TracerLiens(Cadre& cadre, const EtatTriangle& etat, const std::vector<std::
   }
 }
 
-void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
+void TracerPoints(Cadre& cadre, const EtatTriangle& etat, PageOccupee& occupation) {
   Dessin& page = cadre.Page();
   page.Calquer("points");
   const std::vector<std::size_t> montrees = EntreesMontrees(etat);
@@ -299,7 +299,7 @@ Position EcartDeLaPlace(const EtatTriangle& etat, std::size_t entree) {
 
 Dessin DessinerTriangle(const EtatTriangle& etat) {
   Cadre cadre(etat);
-  Occupation occupation(cadre.Page().Largeur(), cadre.Page().Hauteur());
+  PageOccupee occupation(cadre.Page().Largeur(), cadre.Page().Hauteur());
   TracerCotes(cadre, etat, occupation);
   EcrireTitreEtSommets(cadre, etat, occupation);
   TracerCentre(cadre, etat);

@@ -63,7 +63,7 @@ std::vector<PlaceDIntitule> PlacesEcartees() {
 
 }  // namespace
 
-Occupation::Occupation(double largeur, double hauteur)
+PageOccupee::PageOccupee(double largeur, double hauteur)
     : largeur_(largeur),
       hauteur_(hauteur),
       colonnes_(static_cast<std::size_t>(std::ceil(largeur))),
@@ -74,7 +74,7 @@ Occupation::Occupation(double largeur, double hauteur)
 // Goes through the words that a zone touches, with its bits in each, until the action gives something; whether it
 // did.
 template <typename Action>
-bool Occupation::Parcourir(const Zone& zone, const Action& action) const {
+bool PageOccupee::Parcourir(const Zone& zone, const Action& action) const {
   const auto borner = [](double place, std::size_t nombre) {
     return static_cast<std::size_t>(std::clamp(place, 0.0, static_cast<double>(nombre)));
   };
@@ -91,18 +91,18 @@ bool Occupation::Parcourir(const Zone& zone, const Action& action) const {
   return false;
 }
 
-bool Occupation::Libre(const Zone& zone) const {
+bool PageOccupee::Libre(const Zone& zone) const {
   return SurLaPage(zone) && !Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) { return bits_[mot] & bits; });
 }
 
-void Occupation::Prendre(const Zone& zone) {
+void PageOccupee::Prendre(const Zone& zone) {
   Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) {
     bits_[mot] |= bits;
     return std::uint64_t{0};
   });
 }
 
-void Occupation::PrendreTrait(Position de, Position a) {
+void PageOccupee::PrendreTrait(Position de, Position a) {
   const int pas = static_cast<int>(std::hypot(a.x - de.x, a.y - de.y)) + 1;
   for (int i = 0; i <= pas; ++i)
     Prendre({de.x + (a.x - de.x) * i / pas - 0.5, de.y + (a.y - de.y) * i / pas - 0.5, 1, 1});
@@ -110,7 +110,7 @@ void Occupation::PrendreTrait(Position de, Position a) {
 
 PlaceDIntitule PremierePlace() { return kPlaces[0]; }
 
-PlaceDIntitule ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte,
+PlaceDIntitule ChoisirPlace(const PageOccupee& occupation, Position point, const std::string& texte,
                             const Police& police) {
   static const std::vector<PlaceDIntitule> ecartees = PlacesEcartees();
   const EtendueDuTexte etendue(texte, police);

@@ -11,9 +11,9 @@
 namespace quelvar::tables {
 
 // What is taken of a page, point by point: a bit for each square of one point, rows of words.
-class Occupation {
+class PageOccupee {
  public:
-  Occupation(double largeur, double hauteur);
+  PageOccupee(double largeur, double hauteur);
 
   bool SurLaPage(const Zone& zone) const {
     return zone.x >= 0 && zone.y >= 0 && zone.x + zone.largeur <= largeur_ && zone.y + zone.hauteur <= hauteur_;
@@ -48,7 +48,7 @@ struct PlaceDIntitule {
 // The one on the right, which a label that the user moves is moved from.
 PlaceDIntitule PremierePlace();
 // The first free place around a point; when none is, the first beside it on the page.
-PlaceDIntitule ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte,
+PlaceDIntitule ChoisirPlace(const PageOccupee& occupation, Position point, const std::string& texte,
                             const Police& police);
 
 }  // namespace quelvar::tables
