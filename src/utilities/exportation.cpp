@@ -81,8 +81,6 @@ std::string ManqueExportation(const Contexte& contexte, const OptionsExportation
     return Joindre({kAttention, "l'exportation ne peut écraser le fichier d'origine. Option impossible"_w});
   if (options.debut.empty()) return "Vous devez entrer la position initiale de la zone d'exportation";
   if (options.fin.empty()) return "Vous devez entrer la position finale de la zone d'exportation";
-  if (std::string refus = RefusDeColonne("debut", options.debut, 1); !refus.empty()) return refus;
-  if (std::string refus = RefusDeColonne("fin", options.fin, 0); !refus.empty()) return refus;
   return EntreeEcrasee(contexte, {options.a, options.c});
 }
 

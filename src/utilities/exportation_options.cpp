@@ -10,10 +10,10 @@ const Description<OptionsExportation>& DescriptionExporter() {
                      Verifier<O, ManqueExportation, Exporter>)
           .Fichier("a", &O::a, "FICHIER", "fichier d'origine")
           .Fichier("c", &O::c, "FICHIER", "fichier résultant"_w)
-          // Positions are texts, since the report shows them as typed.
-          .Texte("debut", &O::debut, "1..", "position initiale de la zone")
+          // Positions are texts: the report shows them as typed, and one that is no number is a 0, refused there.
+          .Texte("debut", &O::debut, "N", "position initiale de la zone")
           .Montre("TextDebut")
-          .Texte("fin", &O::fin, "0..", "position finale de la zone")
+          .Texte("fin", &O::fin, "N", "position finale de la zone")
           .Montre("TextFin")
           .Choix("mode", &O::complementaire, {{"zone", false}, {"complementaire", true}},
                  "exporte la zone, ou tout le reste")

@@ -22,12 +22,12 @@ const Description<OptionsFusion>& DescriptionFusionner() {
           .Alias({"optverify"})
           .Bouton("OptVerifY", "oui")
           .Bouton("OptVerifN", "non")
-          // Texts: a box proposes them as typed.
-          .Texte("positiona", &O::positionA, "1..", "position du numéro dans le fichier A"_w)
+          // Texts: a box proposes them as typed, and one that is no number is a 0, which the run refuses in its report.
+          .Texte("positiona", &O::positionA, "N", "position du numéro dans le fichier A"_w)
           .Montre("TextPosA")
-          .Texte("positionb", &O::positionB, "1..", "position du numéro dans le fichier B"_w)
+          .Texte("positionb", &O::positionB, "N", "position du numéro dans le fichier B"_w)
           .Montre("TextPosB")
-          .Texte("largeur", &O::largeur, "1..", "largeur commune des numéros"_w)
+          .Texte("largeur", &O::largeur, "N", "largeur commune des numéros"_w)
           .Montre("TextLarg")
           .OuiNon("pos", &O::pos, "les *.POS existent : le résultat en a un"_w)
           .Montre("CheckPOS");

@@ -8,13 +8,14 @@ namespace {
 // What the form checks before it starts the sort.
 template <Fin (*Trier)(const Contexte&, const OptionsTriFichier&)>
 Fin LancerTri(const Contexte& contexte, const OptionsTriFichier& options) {
-  if (const std::string refus = RefusDeTrier(options); !refus.empty()) throw UsageIncorrect(refus);
+  if (const std::string_view refus = RefusDeTrier(options); !refus.empty()) throw UsageIncorrect(std::string(refus));
   return Trier(contexte, options);
 }
 
 // The same with the question of the form.
 Fin LancerTriDuFormulaire(const Contexte& contexte, const OptionsTriFichier& options) {
-  if (const std::string refus = RefusDuFormulaire(options); !refus.empty()) throw UsageIncorrect(refus);
+  if (const std::string_view refus = RefusDuFormulaire(options); !refus.empty())
+    throw UsageIncorrect(std::string(refus));
   if (MemeFichier(contexte, options.fichierA, options.fichierC) &&
       contexte.Ecran().demander(kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
@@ -29,10 +30,11 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
       .Alias({"fichiera", "entree"})
       .Fichier("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
       .Alias({"fichierc", "sortie"})
-      // Texts, since the report shows both as typed.
+      // Texts: the report shows both as typed, and what is no number counts as 0.
       .Texte("position", &O::position, "0..", "première colonne du champ ; 0 : pas de tri"_w)
       .Montre("TextPosTri")
-      .Texte("largeur", &O::largeur, "0..", "largeur du champ, dont 20 colonnes comptent ; de 1 à 10 au formulaire"_w)
+      .Texte("largeur", &O::largeur, "COLONNES",
+             "largeur du champ, dont 20 colonnes comptent ; 10 au plus au formulaire")
       .Montre("TextLargTri")
       .Choix("ordre", &O::sens, {{"croissant", SensDeTri::Croissant}, {"decroissant", SensDeTri::Decroissant}},
              "ordre du tri")

@@ -56,9 +56,8 @@ ChoixQuestions ChoixDesNoms(const FichierPos& pos, ModePosmod mode, const std::v
     for (const std::string& nom : noms) {
       const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
       if (rangs.size() > 1) fautes.push_back(FauteHomonymes(nom, pos.questions, rangs));
-      else if (rangs.empty()) fautes.push_back(FauteQuestionAbsente(nom));
-      else if (choix.statuts[rangs.front()] != Statut::Aucun)
-        fautes.push_back(Joindre({"La question ", nom, " est demandée deux fois"_w}));
+      else if (rangs.empty() || choix.statuts[rangs.front()] != Statut::Aucun)
+        fautes.push_back(FauteQuestionAbsente(nom));
       else choix.statuts[rangs.front()] = statut;
     }
   };

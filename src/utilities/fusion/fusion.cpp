@@ -9,7 +9,6 @@
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
-#include "utilities/entrees/colonnes.h"
 #include "utilities/entrees/exigences.h"
 #include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
@@ -97,9 +96,6 @@ std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options)
     if (options.positionB.empty()) return position("B");
     if (options.largeur.empty())
       return std::string("Vous devez entrer la largeur de l'identificateur commune à A et B"_w);
-    for (const auto& [nom, valeur] :
-         {std::pair("positiona", &options.positionA), {"positionb", &options.positionB}, {"largeur", &options.largeur}})
-      if (std::string refus = RefusDeColonne(nom, *valeur, 1); !refus.empty()) return refus;
   }
   if (options.pos) {
     const std::string pos = NomDuPos(options.c);

@@ -7,7 +7,6 @@
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
-#include "utilities/entrees/colonnes.h"
 #include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 #include "utilities/tri/compte.h"
@@ -23,7 +22,7 @@ constexpr std::string_view kDonnerLaPosition = "Vous devez entrer la position in
 constexpr std::string_view kDonnerLaLargeur = "Vous devez entrer la largeur du champ de tri (10 max)";
 
 ChampDeTri ChampTape(const OptionsTriFichier& options) {
-  return {NombreTape(options.position), NombreTape(options.largeur), options.sens};
+  return {Entier64(ValeurDe(options.position)), Entier64(ValeurDe(options.largeur)), options.sens};
 }
 
 // Writes the lines in their order.
@@ -90,9 +89,7 @@ std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& l
   });
 }
 
-namespace {
-
-std::string_view ManqueAuTri(const OptionsTriFichier& options) {
+std::string_view RefusDeTrier(const OptionsTriFichier& options) {
   if (options.fichierA.empty()) return "Vous devez entrer le nom du fichier A à trier"_w;
   if (options.fichierC.empty()) return "Vous devez entrer le nom du fichier C résultant du tri"_w;
   if (Rogner(options.position).empty()) return kDonnerLaPosition;
@@ -100,23 +97,12 @@ std::string_view ManqueAuTri(const OptionsTriFichier& options) {
   return {};
 }
 
-}  // namespace
-
-std::string RefusDeTrier(const OptionsTriFichier& options) {
-  if (const std::string_view manque = ManqueAuTri(options); !manque.empty()) return std::string(manque);
-  std::string refus = RefusDeColonne("position", options.position, 0);
-  if (refus.empty() && NombreTape(options.position) != 0) refus = RefusDeColonne("largeur", options.largeur, 0);
-  return refus;
-}
-
-std::string RefusDuFormulaire(const OptionsTriFichier& options) {
-  if (const std::string_view manque = ManqueAuTri(options); !manque.empty()) return std::string(manque);
-  if (Rogner(options.position).find_first_not_of("0123456789") != std::string_view::npos)
-    return std::string(kDonnerLaPosition);
+std::string_view RefusDuFormulaire(const OptionsTriFichier& options) {
+  if (const std::string_view refus = RefusDeTrier(options); !refus.empty()) return refus;
+  if (Rogner(options.position).find_first_not_of("0123456789") != std::string_view::npos) return kDonnerLaPosition;
   const double largeur = ValeurDe(options.largeur);
-  if (Rogner(options.position) != "0" && (largeur < 1 || largeur > kLargeurDuFormulaire))
-    return std::string(kDonnerLaLargeur);
-  return RefusDeTrier(options);
+  if (Rogner(options.position) != "0" && (largeur < 1 || largeur > kLargeurDuFormulaire)) return kDonnerLaLargeur;
+  return {};
 }
 
 namespace {

@@ -25,7 +25,7 @@ std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& l
 struct OptionsTriFichier {
   std::string fichierA{};  // input, as typed
   std::string fichierC{};  // result, as typed; may be the input
-  std::string position{};  // as typed
+  std::string position{};  // as typed; what is no number counts as 0
   std::string largeur{};   // as typed
   SensDeTri sens = SensDeTri::Croissant;
   bool rogner = false;  // trailing blanks of each line go
@@ -33,11 +33,11 @@ struct OptionsTriFichier {
   bool operator==(const OptionsTriFichier&) const = default;
 };
 
-// What the user still has to give before a sort can start, or why what he gave is no field; empty when nothing is
-// missing. "A" and "C" being one file is a question for the form, not a refusal.
-std::string RefusDeTrier(const OptionsTriFichier& options);
+// What the user still has to give before a sort can start; empty when nothing is missing. "A" and "C" being one file
+// is a question for the form, not a refusal.
+std::string_view RefusDeTrier(const OptionsTriFichier& options);
 // The same for the form, whose field is one to ten columns wide.
-std::string RefusDuFormulaire(const OptionsTriFichier& options);
+std::string_view RefusDuFormulaire(const OptionsTriFichier& options);
 
 // Asked before a sort whose result takes the place of its input.
 inline constexpr std::string_view kTriSurPlace =
