@@ -50,6 +50,29 @@ TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
             (std::vector<std::string>{std::string("données"_w), "deux"}));
 }
 
+// A row goes by the name that the actions before have given it, and by no former one.
+TEST_F(RunGestion, ARenamedRowIsFoundByItsNewName) {
+  using Genre = OptionsSuplMot::Action::Genre;
+  const std::string brt = Lire("ENQ.BRT");
+  const struct {
+    std::vector<OptionsSuplMot::Action> actions;
+    std::string_view refus;
+  } cas[] = {
+      {{{Genre::IntituleLigne, "un", "cinq"}, {Genre::LigneSup, "cinq"}}, ""},
+      {{{Genre::IntituleLigne, "un", "cinq"}, {Genre::LigneSup, "un"}}, "La ligne un n'est pas dans le tableau"},
+      {{{Genre::IntituleLigne, "un", "deux"}, {Genre::LigneSup, "deux"}},
+       "La ligne deux est plusieurs fois dans le tableau"},
+      {{{Genre::IntituleLigne, "un", "deux"}, {Genre::IntituleLigne, "trois", "un"}, {Genre::LigneSup, "un"}}, ""},
+  };
+  for (const auto& c : cas) {
+    Ecrire("ENQ.BRT", brt);
+    Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
+    EXPECT_EQ(SuplMot(contexte_, {c.actions}), c.refus.empty() ? Fin::Normale : Fin::Arret) << montre_;
+    EXPECT_TRUE(Dit(c.refus)) << montre_;
+    EXPECT_EQ(Lire("ENQ.MOD").find("ISUP=1") != std::string::npos, c.refus.empty());
+  }
+}
+
 // A lexical table with its words: "un" and "une" stand twice each, "le" three times.
 class RunMotsDesLignes : public essai::RunDeProgramme {
  protected:
