@@ -28,10 +28,4 @@ void CopierLignes(const Chemin& source, Ecrivain& copie) {
   for (std::string_view ligne; lecteur.Lire(ligne);) copie.Ligne(ligne);
 }
 
-void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible, Nature nature) {
-  Remplacement copie(repertoire, nomCible, nature);
-  CopierLignes(source, copie.Fichier());
-  copie.Valider();
-}
-
 }  // namespace quelvar

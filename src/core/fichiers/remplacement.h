@@ -36,10 +36,7 @@ class Remplacement {
   std::unique_ptr<Provisoire> fichier_;
 };
 
-// Copies a file line by line, every line ended by CR LF; the second one through a replacement of the target. Raises the
-// failures of LecteurLignes and of writing.
+// Copies a file line by line, every line ended by CR LF. Raises the failures of LecteurLignes and of writing.
 void CopierLignes(const Chemin& source, Ecrivain& copie);
-void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible,
-                  Nature nature = Nature::Refaisable);
 
 }  // namespace quelvar
