@@ -95,17 +95,27 @@ const char* const kFin = "Il y a eu tentative de lire un fichier deja termine";
 
 // A cell that is no number, and a row behind those that are announced.
 const std::string kTableTapee = "L1    9O   2\r\nL2     3   4\r\nL3     7   8\r\n";
-const std::string kCelluleDite(
-    "Cellules de ENQ.BRT qui ne sont pas des nombres, ou sont coupées : 1, la première ligne 1, colonne 1 (9O)"_w);
-const std::string kLigneDite("lignes de ENQ.BRT au-delà de celles qui sont annoncées, laissées : 1"_w);
+constexpr std::string_view kCelluleDite =
+    "Cellules de ENQ.BRT qui ne sont pas des nombres, ou sont coupées : 1, la première ligne 1, colonne 1 (9O)"_w;
+constexpr std::string_view kLigneDite = "lignes de ENQ.BRT au-delà de celles qui sont annoncées, laissées : 1"_w;
 // A Burt table whose second modality has fewer answers than one of its cells.
 const std::string kModDeBurt = "ENQ\r\n BRT=2 FMT=2 \r\nA1\r\nA2\r\n";
 const std::string kBurtFaux = "A1   3 2\r\nA2   2 0\r\n";
 
 std::vector<Cas> CasDesTableaux() {
   return {
-      {"ecapem, une table tapée", "ecapem", {}, Table(kMod, kTableTapee), Fin::Normale, {kCelluleDite, kLigneDite}},
-      {"anecar, une table tapée", "anecar", {}, Table(kMod, kTableTapee), Fin::Normale, {kCelluleDite, kLigneDite}},
+      {"ecapem, une table tapée",
+       "ecapem",
+       {},
+       Table(kMod, kTableTapee),
+       Fin::Normale,
+       {std::string(kCelluleDite), std::string(kLigneDite)}},
+      {"anecar, une table tapée",
+       "anecar",
+       {},
+       Table(kMod, kTableTapee),
+       Fin::Normale,
+       {std::string(kCelluleDite), std::string(kLigneDite)}},
       {"anecar, un Burt à décimales",
        "anecar",
        {},
