@@ -1,7 +1,7 @@
 #include "forms/programmes/capture/saisiedes.h"
 
 #include "core/programme/horspage.h"
-#include "forms/qt/ecran.h"
+#include "forms/qt/lettres.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
 #include "ui_saisiedes.h"
