@@ -54,6 +54,6 @@ int main(int argc, char** argv) {
     }
     if (i == 0 || mesure.mur < meilleure.mur) meilleure = mesure;
   }
-  std::printf("%.3f %.3f %.3f %.0f\n", meilleure.mur, meilleure.utilisateur, meilleure.systeme, meilleure.mebioctets);
+  std::printf("%.6f %.6f %.6f %.0f\n", meilleure.mur, meilleure.utilisateur, meilleure.systeme, meilleure.mebioctets);
   return 0;
 }

@@ -4,7 +4,8 @@
 #   bench/compare.sh [REVISION] [TOURS] [MOTIF]
 # REVISION: origin/main or HEAD~1, or the path of a companion that is built; TOURS: 7; MOTIF: rows whose name has it.
 # Fails above 8 %. A row above it is given up to four times as many turns: what the machine did meanwhile goes, what the
-# program does stays.
+# program does stays. A short command is run several times a turn, so that each turn of each row lasts long enough to be
+# told from what the machine does beside it.
 set -euo pipefail
 racine=$(cd "$(dirname "$0")/.." && pwd)
 cd "$racine"
@@ -12,6 +13,7 @@ revision=${1:-$(git rev-parse -q --verify origin/main || git rev-parse HEAD~1)}
 tours=${2:-7}
 motif=${3:-}
 tolerance=8
+duree_du_tour=0.1  # seconds that a turn of a companion lasts at least
 avant=$racine/build/avant
 bin=$racine/build/release/bin
 travail=$(mktemp -d)
@@ -35,13 +37,16 @@ muet cmake --build --preset release --target quelvar-batch quelvar-genere quelva
 
 cd "$travail"
 trop=0
-# plus_lent ANCIEN NOUVEAU : seconds; what is shorter than the clock can tell is left out
-plus_lent() { awk -v a="$1" -v b="$2" -v seuil=$tolerance 'BEGIN { exit !(100 * (b - a) > seuil * a && b - a > 0.002) }'; }
+# plus_lent ANCIEN NOUVEAU : seconds
+plus_lent() { awk -v a="$1" -v b="$2" -v seuil=$tolerance 'BEGIN { exit !(100 * (b - a) > seuil * a) }'; }
+
+# salve SECONDES : how many times a command of that length is run in a turn
+salve() { awk -v t="$1" -v duree=$duree_du_tour 'BEGIN { n = int(duree / t) + 1; print (t >= duree) ? 1 : n }'; }
 
 # A row with each companion in turn. The floors have none; a row that was not asked for runs once, since others read
 # what it makes.
 ligne() {
-  local nom=$1 avant=$3 t0=999 t1=999 t tour
+  local nom=$1 avant=$3 t0=999 t1=999 fois=1 t tour
   shift 3
   [[ "$*" == *"$bin/quelvar-batch"* ]] || return 0
   if [[ $nom != *"$motif"* ]]; then
@@ -49,14 +54,15 @@ ligne() {
     return 0
   fi
   for ((tour = 0; tour < tours || tour < 4 * tours && $(plus_lent "$t0" "$t1" && echo 1 || echo 0); tour++)); do
-    if ! read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "${@//"$bin/quelvar-batch"/"$ancien"}" 2>/dev/null); then
+    if ! read -r t _ < <("$bin/quelvar-chrono" "$fois" "$avant" "${@//"$bin/quelvar-batch"/"$ancien"}" 2>/dev/null); then
       printf '%-50s nouveau\n' "$nom"
       return 0
     fi
     t0=$(awk "BEGIN { print ($t < $t0) ? $t : $t0 }")
-    read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "$@" 2>"$travail/.dit") ||
+    read -r t _ < <("$bin/quelvar-chrono" "$fois" "$avant" "$@" 2>"$travail/.dit") ||
       { cat "$travail/.dit" >&2; echo "échec : $*" >&2; exit 2; }
     t1=$(awk "BEGIN { print ($t < $t1) ? $t : $t1 }")
+    fois=$(salve "$t0")
   done
   awk -v nom="$nom" -v a="$t0" -v b="$t1" 'BEGIN {
     printf "%-50s %8.3f s %8.3f s %+6.1f %%\n", nom, a, b, (a > 0 ? 100 * (b - a) / a : 0) }'

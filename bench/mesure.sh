@@ -17,7 +17,7 @@ ligne() {
   local nom=$1 taille=$((($(stat -c %s "$2") + 500000) / 1000000)) avant=$3 mur utilisateur systeme memoire
   shift 3
   read -r mur utilisateur systeme memoire < <("$bin/quelvar-chrono" "$fois" "$avant" "$@")
-  echo "| $nom | $taille Mo | $mur s | $utilisateur s | $systeme s | $memoire Mio |"
+  LC_ALL=C printf '| %s | %s Mo | %.3f s | %.3f s | %.3f s | %s Mio |\n' "$nom" "$taille" "$mur" "$utilisateur" "$systeme" "$memoire"
 }
 
 echo "| programme | source | durée | dont calcul | dont système | mémoire |"

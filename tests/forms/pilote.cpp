@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QSet>
 #include <QStackedWidget>
@@ -84,6 +85,10 @@ void Pilote::Repondre(QDialog& boite) {
   if (auto* message = qobject_cast<QMessageBox*>(&boite)) vues_ << message->text();
   else if (auto* saisie = qobject_cast<QInputDialog*>(&boite)) vues_ << saisie->labelText();
   else vues_ << boite.windowTitle();
+  const bool deQuelvar = boite.windowTitle() == QStringLiteral("Quelvar");
+  EXPECT_FALSE(deQuelvar && vues_.back().contains(QRegularExpression(QStringLiteral(" [:;?!]"))))
+      << "a sign may begin a line: " << vues_.back().toStdString();
+  vues_.back().replace(QChar(QChar::Nbsp), u' ');
   if (reponses_.empty()) {
     ADD_FAILURE() << "a box nobody awaited: " << vues_.back().toStdString();
     boite.reject();

@@ -4,6 +4,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
+#include "core/enquete/posfile.h"
 #include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
@@ -64,6 +65,19 @@ ListeOuverte OuvrirListe(const Contexte& contexte) {
     return {.message = {std::string(kTitreErreur), PhraseDEtapeOmise(kFichierDeModalites)}};
   } catch (const Erreur& erreur) {
     return {.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))}};
+  }
+}
+
+std::optional<bool> NommeDesQuestions(const Contexte& contexte) {
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  if (!mod || !pos) return std::nullopt;
+  try {
+    const std::vector<Question> questions = LirePos(*pos).questions;
+    return std::ranges::all_of(LireMod(*mod).modalites,
+                               [&](const Modalite& m) { return !RangsDuNom(questions, m.nom).empty(); });
+  } catch (const Erreur&) {
+    return std::nullopt;
   }
 }
 

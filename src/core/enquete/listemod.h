@@ -1,6 +1,7 @@
 // The modality list as the editing forms hold it: one text a modality, in the columns of its line of the .MOD.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,10 @@ struct ListeOuverte {
 };
 // Reads the .MOD of the generic, and raises nothing: what keeps it from being read is the message.
 ListeOuverte OuvrirListe(const Contexte& contexte);
+
+// Whether the names of the .MOD are all those of questions, as a run on the links of questions leaves it, and not of
+// modalities. None without a .MOD or a .POS, or when one of them can't be read: that is for the readers to tell.
+std::optional<bool> NommeDesQuestions(const Contexte& contexte);
 
 // The sentence on a file that an earlier step makes, by what it is; that of the .MOD.
 std::string PhraseDEtapeOmise(std::string_view quoi);

@@ -234,6 +234,11 @@ EtatProfil ChargerProfil(const Contexte& contexte) {
                       std::string("La 2e ligne du fichier *.MOD (paramètres) est vide, il faut lancer une analyse "
                                   "factorielle ou une régression sur données d'enquête pour la reconstituer"_w)};
     else etat.textes = liste.textes;
+    if (!etat.textes.empty() && NommeDesQuestions(contexte).value_or(false))
+      etat.remarque =
+          Joindre({contexte.Nom(".MOD"),
+                   " nomme des questions, non des modalités (c'est celui des variables "
+                   "d'intérêt) : recréez les modalités (menu 'Analyse factorielle') pour en avoir le profil"_w});
   } catch (const Erreur& erreur) {
     if (erreur.Numero() != kFichierIntrouvable) etat.cause = TexteErreur(erreur);
     etat.message = {std::string(kTitreAttention), PhraseDEtapeOmise(kFichierDeModalites)};

@@ -33,6 +33,7 @@ struct EtatProfil {
   std::vector<std::string> message;
   std::string cause{};
   std::vector<std::string> textes;  // as core/enquete/listemod has them
+  std::string remarque{};           // on a list that is there; empty for none
 };
 EtatProfil ChargerProfil(const Contexte& contexte);
 

@@ -11,6 +11,15 @@ namespace {
 
 constexpr int kRang = Qt::UserRole;  // of a line: the rank of its question
 
+// Lines of one size have that of the longest, so that a list that is too narrow for it scrolls.
+void MesurerLaListe(QListWidget& liste) {
+  if (liste.count() == 0) return;
+  int longue = 0;
+  for (int ligne = 1; ligne < liste.count(); ++ligne)
+    if (liste.item(ligne)->text().size() > liste.item(longue)->text().size()) longue = ligne;
+  liste.item(0)->setSizeHint(liste.sizeHintForIndex(liste.model()->index(longue, 0)));
+}
+
 }  // namespace
 
 void PreparerListe(QListWidget& liste) {
@@ -26,6 +35,7 @@ void MontrerQuestions(QListWidget& liste, const std::vector<QuestionListee>& lig
     auto* const ligne = new QListWidgetItem(VersQt(question.texte), &liste);
     ligne->setData(kRang, static_cast<qulonglong>(question.rang));
   }
+  MesurerLaListe(liste);
   liste.setCurrentRow(std::min(courante, liste.count() - 1), QItemSelectionModel::NoUpdate);
 }
 

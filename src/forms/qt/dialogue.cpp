@@ -97,6 +97,12 @@ QString SansFinsDeLigneDos(std::string_view texte) {
   return VersQt(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+// A sign that a blank stands before does not begin a line of the box.
+QString SignesSoudes(QString texte) {
+  static const QRegularExpression signe(QStringLiteral(" ([:;?!])"));
+  return texte.replace(signe, QString(QChar::Nbsp) + QStringLiteral("\\1"));
+}
+
 Choix Demander(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement);
 
 }  // namespace
@@ -126,7 +132,7 @@ namespace {
 
 Choix Demander(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement) {
   Boite boite(boutons == Boutons::Ok ? QMessageBox::Information : QMessageBox::Question, QStringLiteral("Quelvar"),
-              texte, QMessageBox::NoButton, parent);
+              SignesSoudes(texte), QMessageBox::NoButton, parent);
   boite.setTextFormat(Qt::PlainText);
   switch (boutons) {
     case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
@@ -154,8 +160,9 @@ Choix Demander(QWidget* parent, const QString& texte, Boutons boutons, Echappeme
 
 std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view question, std::string_view propose) {
   bool accepte = false;
-  const QString texte = QInputDialog::getText(parent, QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
-                                              QLineEdit::Normal, VersQt(propose), &accepte);
+  const QString texte =
+      QInputDialog::getText(parent, QStringLiteral("Quelvar"), SignesSoudes(SansFinsDeLigneDos(question)),
+                            QLineEdit::Normal, VersQt(propose), &accepte);
   if (!accepte) return std::nullopt;
   return DepuisQt(texte);
 }

@@ -24,9 +24,4 @@ bool DepasseLEcran(const QWidget& fenetre);
 // in. A name that is there stays, and a caption in words is one.
 void NommerLesControles(QWidget& fenetre);
 
-// One letter each: a caption without one, and the later one of two that are seen together and answer to the same Alt
-// key, takes one that is free, if need be one of what is taken off the window now, or none when all of it are taken.
-// Also after a caption has changed, or what is on the window.
-void DonnerLesLettres(QWidget& fenetre);
-
 }  // namespace quelvar::forms

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "forms/qt/ecran.h"
+#include "forms/qt/lettres.h"
 
 namespace quelvar::forms {
 
@@ -18,7 +19,7 @@ void Formes::Presenter(Forme& forme) {
     forme.ensurePolished();
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
     NommerLesControles(forme);
-    DonnerLesLettres(forme);
+    TenirLesLettres(forme);
     TenirDansLEcran(forme);  // bars, if any, come before the controls are seen
   }
   forme.show();

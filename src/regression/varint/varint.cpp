@@ -7,7 +7,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/modfile.h"
+#include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
 #include "core/panne/attention.h"
@@ -141,18 +141,9 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
 }
 
 // Whether the .MOD holds modalities, whose labels somebody may have typed, and not the questions of a former run.
-// Faults of the files are left to the readers that tell them.
 bool RemplaceDesModalites(const Contexte& contexte) {
-  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  const std::optional<Chemin> pos = contexte.Chercher(".POS");
-  if (!mod || !pos) return false;
-  try {
-    const std::vector<Question> questions = LirePos(*pos).questions;
-    return std::ranges::any_of(LireMod(*mod).modalites,
-                               [&](const Modalite& m) { return RangsDuNom(questions, m.nom).empty(); });
-  } catch (const Erreur&) {
-    return false;
-  }
+  const std::optional<bool> questions = NommeDesQuestions(contexte);
+  return questions && !*questions;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -12,11 +13,14 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QSet>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -271,6 +275,35 @@ void VerifierOnglets(Forme& forme) {
   }
 }
 
+// The first box or option button on the window that was not pressed yet.
+QAbstractButton* ACocher(const Forme& forme, const QSet<QAbstractButton*>& faits) {
+  const auto boutons = forme.findChildren<QAbstractButton*>();
+  const auto trouve = std::find_if(boutons.begin(), boutons.end(), [&](QAbstractButton* bouton) {
+    const bool choix = qobject_cast<QCheckBox*>(bouton) != nullptr || qobject_cast<QRadioButton*>(bouton) != nullptr;
+    return choix && bouton->isVisible() && bouton->isEnabled() && !faits.contains(bouton);
+  });
+  return trouve == boutons.end() ? nullptr : *trouve;
+}
+
+// Every box and option button pressed once, those that others reveal as well: what stands on the window then is looked
+// at each time.
+std::size_t VerifierChoix(Forme& forme) {
+  QSet<QAbstractButton*> faits;
+  auto* onglets = forme.findChild<QTabWidget*>();
+  for (int rang = 0; rang < (onglets == nullptr ? 1 : onglets->count()); ++rang) {
+    if (onglets != nullptr) onglets->setCurrentIndex(rang);
+    while (QAbstractButton* const bouton = ACocher(forme, faits)) {
+      SCOPED_TRACE(bouton->objectName().toStdString() + " pressed");
+      faits.insert(bouton);
+      bouton->click();
+      QCoreApplication::processEvents();
+      if (!forme.isVisible()) return static_cast<std::size_t>(faits.size());
+      VerifierControles(forme);
+    }
+  }
+  return static_cast<std::size_t>(faits.size());
+}
+
 // What holds for every form, on each of its tabs, as it stands on a large screen and behind the bars of a small one.
 void VerifierForme(Forme& forme) {
   VerifierOnglets(forme);
@@ -285,6 +318,7 @@ void VerifierForme(Forme& forme) {
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
   QStringList vues;
   std::size_t boites = 0;
+  std::size_t choix = 0;
   for (const Ouverture& ouverture : kOuvertures) {
     SCOPED_TRACE(ouverture.classe);
     BureauComplet bureau;
@@ -293,10 +327,12 @@ TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
     VerifierForme(forme);
     boites += VerifierBoites(forme);
     vues << Classe(forme);
+    choix += VerifierChoix(forme);
   }
   vues.sort();
   EXPECT_EQ(vues, ClassesDeFormes()) << "a form that no line of the table opens";
   EXPECT_GE(boites, 20U) << "of the equivalent commands";
+  EXPECT_GE(choix, 100U) << "boxes and option buttons";
 }
 
 // At level 1 the forms show less; the menu is walked, so that no entry is left out.

@@ -2,7 +2,7 @@
 
 #include "core/programme/alerte.h"
 #include "core/programme/horspage.h"
-#include "forms/qt/ecran.h"
+#include "forms/qt/lettres.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
 #include "ui_saisiedes.h"

@@ -8,7 +8,7 @@
 #include "forms/pieces/commande.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/programmes/crosstab/graphe2.h"
-#include "forms/qt/ecran.h"
+#include "forms/qt/lettres.h"
 #include "forms/qt/texte.h"
 #include "ui_choixvar.h"
 

@@ -44,7 +44,8 @@ ProfilMod::~ProfilMod() = default;
 
 void ProfilMod::Remplir() {
   std::vector<std::string> message = etat_.message;
-  if (!etat_.cause.empty()) message.push_back(etat_.cause);
+  for (const std::string& phrase : {etat_.cause, etat_.remarque})
+    if (!phrase.empty()) message.push_back(phrase);
   ui_->TextMsg->setText(EnUnTexte(message));
   for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSuivant}) bouton->setEnabled(etat_.message.empty());
   for (const std::string& texte : etat_.textes) ui_->ListSuppl->addItem(VersQt(texte));

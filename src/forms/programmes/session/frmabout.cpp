@@ -50,6 +50,7 @@ FrmAbout::FrmAbout(Services& services) : Forme(services), ui_(std::make_unique<U
     ui_->cmdSysInfo->setEnabled(false);
   });
   connect(ui_->cmdOK, &QPushButton::clicked, this, &FrmAbout::close);
+  ui_->cmdOK->setFocus();
 }
 
 FrmAbout::~FrmAbout() = default;

@@ -6,7 +6,6 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/qt/ecran.h"
 #include "forms/qt/texte.h"
 #include "tables/ecapem_options.h"
 #include "ui_utilitaires.h"
@@ -163,7 +162,6 @@ void Utilitaires::MontrerChoix() {
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichC, ui_->LabelC})
     controle->setVisible(!ui_->OptHexDump->isChecked());
   ui_->TextAide->setPlainText(Choisi().aide);
-  DonnerLesLettres(*this);
 }
 
 bool Utilitaires::Complet(std::string_view manque) {

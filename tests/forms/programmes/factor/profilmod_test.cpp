@@ -46,6 +46,20 @@ TEST_F(FormeProfil, AProfileIsChosenRunAndDrawn) {
   EXPECT_FALSE(Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().empty());
 }
 
+TEST_F(FormeProfil, AListOfQuestionsIsToldAsThat) {
+  const auto phrase = [&] {
+    ProfilMod& forme = bureau_.Demander<ProfilMod>("mnuProfil");
+    const QString texte = Bureau::Dans<QLabel>(forme, "TextMsg").text();
+    Cliquer(forme, "BoutQuitter");
+    return texte;
+  };
+  EXPECT_EQ(phrase(), "");
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=4\r\nSEX    Sexe\r\nAGE    Age\r\n****\r\n");
+  EXPECT_TRUE(phrase().startsWith("ENQ.MOD nomme des questions, non des modalités")) << phrase().toStdString();
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=4\r\nSEX    Sexe\r\nAGE1   jeunes\r\n****\r\n");
+  EXPECT_EQ(phrase(), "");
+}
+
 TEST_F(FormeProfil, AProfileGivenUpSaysSo) {
   ProfilMod& forme = bureau_.Demander<ProfilMod>("mnuProfil");
   Cliquer(forme, "BoutQuitter");
