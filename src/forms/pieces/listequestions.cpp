@@ -11,13 +11,14 @@ namespace {
 
 constexpr int kRang = Qt::UserRole;  // of a line: the rank of its question
 
-// Lines of one size have that of the longest, so that a list that is too narrow for it scrolls.
+// Lines of one size are measured by the last one: it has the size of the longest, so that a list that is too narrow for
+// that scrolls.
 void MesurerLaListe(QListWidget& liste) {
   if (liste.count() == 0) return;
   int longue = 0;
   for (int ligne = 1; ligne < liste.count(); ++ligne)
     if (liste.item(ligne)->text().size() > liste.item(longue)->text().size()) longue = ligne;
-  liste.item(0)->setSizeHint(liste.sizeHintForIndex(liste.model()->index(longue, 0)));
+  liste.item(liste.count() - 1)->setSizeHint(liste.sizeHintForIndex(liste.model()->index(longue, 0)));
 }
 
 }  // namespace

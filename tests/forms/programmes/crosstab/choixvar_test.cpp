@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QListWidget>
+#include <QScrollBar>
 
+#include "forms/pieces/listequestions.h"
 #include "forms/programmes/crosstab/bureaudenquete.h"
 
 using namespace quelvar::forms;
@@ -56,6 +58,23 @@ TEST(ChoixVar, SerieALaSouris) {
   Cliquer(forme, "BoutNouv");
   EXPECT_EQ(bureau.Forme<ChoixVar>(), nullptr);
   EXPECT_EQ(bureau.Texte().count("Croisement de la question "), 3);
+}
+
+// Wherever the longest line stands, it can be read to its end.
+TEST(ChoixVar, UneListeTropEtroiteDefile) {
+  const std::string longue(200, 'l');
+  for (const std::vector<QuestionListee>& lignes : std::vector<std::vector<QuestionListee>>{
+           {{0, longue}, {1, "b"}, {2, "c"}}, {{0, "a"}, {1, longue}, {2, "c"}}, {{0, "a"}, {1, longue}}}) {
+    QListWidget liste;
+    PreparerListe(liste);
+    MontrerQuestions(liste, lignes);
+    liste.resize(150, 100);
+    liste.show();
+    QCoreApplication::processEvents();
+    const int texte = liste.fontMetrics().horizontalAdvance(QString::fromStdString(longue));
+    EXPECT_GE(liste.horizontalScrollBar()->maximum(), texte - liste.viewport()->width());
+    EXPECT_EQ(liste.visualItemRect(liste.item(0)).height(), liste.visualItemRect(liste.item(1)).height());
+  }
 }
 
 TEST(ChoixVar, ControlesSelonLeNiveau) {
